@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+class LogSettings;
+class QSettings;
+
+/// Folders, files and first-start values of the configuration.
+namespace Configuration
+{
+
+QString dataFolder(); ///< the program's folder in the generic data location
+QString configFile(); ///< config.ini
+QString serverFile(); ///< servers.json
+
+/// Makes the program's folders where they are missing. One that can't be made is not reported.
+void makeFolders();
+/// Writes every key that has a first-start value; for a config.ini that doesn't exist.
+void writeFirstStartValues(QSettings& settings);
+/// Takes the log switches from their keys; a missing key is off.
+void readLogSwitches(const QSettings& settings, LogSettings& switches);
+
+} // namespace Configuration

@@ -1,0 +1,95 @@
+#include "app/Configuration.h"
+#include "app/Data.h"
+#include "app/InterruptWatch.h"
+#include "app/Wiring.h"
+#include "log/LogSettings.h"
+#include "log/Logger.h"
+#include "model/ServerList.h"
+#include "model/ZoneType.h"
+#include "network/TcpClient.h"
+#include "page/ScriptCall.h"
+#include "view/WebView.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QSettings>
+
+namespace
+{
+
+void readCommandLine()
+{
+    const QStringList arguments = QCoreApplication::arguments();
+    for (const QString& argument : arguments) {
+        Data::logger.message(QStringLiteral("Command line argument: ") + argument);
+        if (argument == QLatin1String("--debug")) {
+            Data::logger.message("Debug mode enabled");
+            Data::debugMode = true;
+        }
+    }
+}
+
+void logStart()
+{
+    Data::logger.message("Program started");
+    Data::logger.message("Program started debug", LogLevel::Debug);
+    Data::logger.message(QStringLiteral("Program version: ") + Data::clientVersion);
+    Data::logger.message(QStringLiteral("Load config: ") + Data::settings->fileName());
+}
+
+void readConfiguration()
+{
+    if (!QFile::exists(Data::settings->fileName())) {
+        Configuration::writeFirstStartValues(*Data::settings);
+    }
+    Data::blockStatus = Data::settings->value(QStringLiteral("admin/block_enable"), false).toBool();
+    Configuration::readLogSwitches(*Data::settings, *Data::logSettings);
+}
+
+void loadServerList()
+{
+    if (!QFile::exists(Configuration::serverFile())) {
+        Data::serverList->saveList();
+    }
+    Data::serverList->loadList();
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    Data::app = &application;
+    Configuration::makeFolders();
+    QSettings settings(Configuration::configFile(), QSettings::IniFormat);
+    settings.setIniCodec("UTF-8");
+    Data::settings = &settings;
+    LogSettings logSettings;
+    Data::logSettings = &logSettings;
+    Data::logger.setPort(&Data::localPort);
+    Data::logger.setConfig(&settings);
+    Data::logger.setDebug(&Data::debugMode);
+    Data::logger.setSettings(&logSettings);
+    const InterruptWatch interruptWatch;
+    readCommandLine();
+    logStart();
+    readConfiguration();
+
+    ServerList serverList(Configuration::serverFile());
+    Data::serverList = &serverList;
+    loadServerList();
+    Data::zoneTypeList = {ZoneType(0, QStringLiteral("physical"), 0),
+                          ZoneType(1, QStringLiteral("logical"), 1)};
+    Wiring::joinNetwork();
+    WebView webView;
+    Data::webView = &webView;
+    Wiring::joinView();
+
+    QApplication::exec();
+
+    Data::tcpClient.close();
+    Data::logger.message("Program finished");
+    Data::logger.message(QString(82, QLatin1Char('-')));
+    Page::setSink({});
+    return 0;
+}

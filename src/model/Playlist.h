@@ -1,0 +1,19 @@
+#pragma once
+
+/// One folder of the audio library. Ids 1 to 7 are the fixed category roots.
+class Playlist
+{
+public:
+    int getId() const { return id; }
+    void setId(int playlistId) { id = playlistId; }
+    int getParent() const { return parent; }
+    void setParent(int playlistId) { parent = playlistId; }
+    /// The place among its siblings, as the server keeps it.
+    int getPosition() const { return position; }
+    void setPosition(int place) { position = place; }
+
+private:
+    int id = 0;
+    int parent = 0;
+    int position = 0;
+};

@@ -1,0 +1,28 @@
+#include "model/User.h"
+
+#include "page/ScriptCall.h"
+
+void User::setName(const QString& userName)
+{
+    if (name != userName) {
+        Page::call("wrapperInput_user_edit", id, userName, title);
+    }
+    name = userName;
+}
+
+void User::setTitle(const QString& userTitle)
+{
+    if (title != userTitle) {
+        Page::call("wrapperInput_user_edit", id, name, userTitle);
+    }
+    if (current) {
+        Page::call("wrapperInput_userGlobal_edit", userTitle);
+    }
+    title = userTitle;
+}
+
+void User::setStatus(bool connected)
+{
+    Page::call(connected ? "wrapperInput_user_login" : "wrapperInput_user_logout", id);
+    status = connected;
+}

@@ -1,0 +1,223 @@
+#include "network/TcpClient.h"
+
+#include "app/Data.h"
+#include "log/LogSettings.h"
+#include "log/Logger.h"
+#include "network/NetworkParser.h"
+
+#include <QHostAddress>
+#include <QJsonDocument>
+#include <QSslError>
+#include <QSslSocket>
+
+namespace
+{
+
+constexpr int firstTickMilliseconds = 100;
+constexpr int tickMilliseconds = 10;
+
+} // namespace
+
+TcpClient::TcpClient()
+{
+    connect(&writeTimer, &QTimer::timeout, this, &TcpClient::writeMessage);
+}
+
+TcpClient::~TcpClient() = default;
+
+void TcpClient::addParser(NetworkParser* messageParser)
+{
+    parser = messageParser;
+    parser->setAcknowledgementWriter([this](const QByteArray& text) { write(text); });
+}
+
+void TcpClient::setSessionEndHook(std::function<void()> hook)
+{
+    onSessionEnd = std::move(hook);
+}
+
+bool TcpClient::connectToServer(const QString& host, int port)
+{
+    close();
+    socket = std::make_unique<QSslSocket>();
+    socket->setPeerVerifyMode(QSslSocket::QueryPeer);
+    connect(socket.get(), &QSslSocket::encrypted, this, &TcpClient::handshake);
+    // Whoever answers is taken for the server: installations run on self-signed certificates.
+    connect(socket.get(), QOverload<const QList<QSslError>&>::of(&QSslSocket::sslErrors),
+            socket.get(), [ssl = socket.get()] { ssl->ignoreSslErrors(); });
+    if (!waitForConnection(host, port)) {
+        return false;
+    }
+    if (parser) {
+        parser->reset();
+    }
+    socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    peerWatch.watch(socket.get());
+    connect(socket.get(), &QSslSocket::readyRead, this, &TcpClient::readMessage);
+    connect(socket.get(), &QSslSocket::disconnected, this, &TcpClient::exit);
+    Data::logger.message("Connection success");
+    writeTimer.start(firstTickMilliseconds);
+    return true;
+}
+
+bool TcpClient::waitForConnection(const QString& host, int port)
+{
+    if (port > 0 && port <= 0xFFFF) {
+        socket->connectToHostEncrypted(host, static_cast<quint16>(port), QIODevice::ReadWrite,
+                                       QAbstractSocket::AnyIPProtocol);
+    }
+    if (!socket->waitForEncrypted(encryptedTimeoutMilliseconds)) {
+        const QList<QSslError> errors = socket->sslHandshakeErrors();
+        Data::logger.message(QStringLiteral("SSL error count ") + QString::number(errors.size()));
+        for (int index = 0; index < errors.size(); ++index) {
+            Data::logger.message(QString::number(index) + QStringLiteral(". ") +
+                                 errors.at(index).errorString());
+        }
+        Data::logger.message(socket->errorString());
+        socket->abort();
+        return false;
+    }
+    if (!socket->waitForConnected(connectedTimeoutMilliseconds)) {
+        Data::logger.message("Connection error");
+        return false;
+    }
+    return true;
+}
+
+void TcpClient::handshake()
+{
+    Data::logger.message("Handshake success");
+}
+
+int TcpClient::getLocalPort() const
+{
+    return socket ? socket->localPort() : 0;
+}
+
+void TcpClient::write(const QByteArray& message)
+{
+    messages.append(message);
+    if (Data::logger.isWritten(LogLevel::Debug)) {
+        Data::logger.message("Quered message: " + message, LogLevel::Debug);
+    }
+    scheduleWriting();
+}
+
+void TcpClient::scheduleWriting()
+{
+    if (!writingScheduled) {
+        writingScheduled = true;
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                writingScheduled = false;
+                writeMessage();
+            },
+            Qt::QueuedConnection);
+    }
+}
+
+void TcpClient::writeMessage()
+{
+    while (!messages.isEmpty() && waitingAnswers == 0 && socket && socket->isEncrypted()) {
+        send(messages.takeFirst());
+    }
+    if (messages.isEmpty()) {
+        writeTimer.stop();
+    } else {
+        writeTimer.start(tickMilliseconds);
+    }
+}
+
+void TcpClient::send(const QByteArray& text)
+{
+    const QJsonObject message = QJsonDocument::fromJson(text).object();
+    const bool expectsAnswer = message.value(QLatin1String("request")).isString();
+    Data::logger.message("Output message: ");
+    if (expectsAnswer) {
+        Data::logger.message(QStringLiteral("Protocol: ") +
+                             message.value(QLatin1String("request")).toString());
+        Data::logger.message(QStringLiteral("Command: ") +
+                             message.value(QLatin1String("action")).toString());
+    }
+    Data::logger.message(text, LogLevel::Debug);
+    socket->write(text);
+    socket->flush();
+    peerWatch.dataWritten();
+    if (expectsAnswer) {
+        Data::logger.message("Waiting for answer", LogLevel::Debug);
+        ++waitingAnswers;
+    }
+}
+
+void TcpClient::readMessage()
+{
+    const int connection = connectionCount;
+    splitter.feed(socket->readAll());
+    for (;;) {
+        switch (splitter.next()) {
+        case JsonStreamSplitter::Found::Nothing:
+            return;
+        case JsonStreamSplitter::Found::Object:
+            received(splitter.object());
+            break;
+        case JsonStreamSplitter::Found::Garbage:
+            Data::logger.message("Dropped what is no object in the stream");
+            break;
+        case JsonStreamSplitter::Found::TooDeep:
+            Data::logger.message("Dropped message: nested too deeply");
+            releaseQueue();
+            break;
+        case JsonStreamSplitter::Found::TooLarge:
+            Data::logger.message("Message too large, connection closed");
+            exit();
+            return;
+        }
+        if (connection != connectionCount) {
+            return; // the session has ended in a handler; what follows belonged to it
+        }
+        writeMessage();
+    }
+}
+
+void TcpClient::received(const QByteArray& text)
+{
+    releaseQueue();
+    if (parser) {
+        parser->parse(text);
+    }
+}
+
+void TcpClient::releaseQueue()
+{
+    waitingAnswers = qMax(0, waitingAnswers - 1);
+}
+
+void TcpClient::close()
+{
+    ++connectionCount;
+    messages.clear();
+    splitter.clear();
+    waitingAnswers = 0;
+    writeTimer.stop();
+    peerWatch.stop();
+    if (!socket) {
+        return;
+    }
+    socket->disconnect(this);
+    socket->disconnectFromHost();
+    socket->close();
+    socket.release()->deleteLater(); // it may be on the stack below us
+}
+
+void TcpClient::exit()
+{
+    Data::localPort = 0;
+    close();
+    if (parser) {
+        parser->reset();
+    }
+    if (onSessionEnd) {
+        onSessionEnd();
+    }
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <type_traits>
+
+/// The one way from native code into the page: a call of a script function that the page may or
+/// may not have loaded. A call that no page takes up is lost without a trace.
+namespace Page
+{
+
+/// Receives the text of each call, such as `wrapperInput_device_setName(12,"Hall");`.
+using Sink = std::function<void(const QString&)>;
+
+/// Installs the receiver of all later calls; an empty one drops them.
+void setSink(Sink sink);
+
+/// Hands one script text to the sink.
+void run(const QString& script);
+
+/// The argument as a script literal: whole numbers decimal, doubles in `%g` with six digits, bools
+/// as 0 and 1, text in double quotes with everything escaped that could end the literal or the
+/// script element around it.
+QString literal(const QString& text);
+QString literal(double number);
+inline QString literal(const char* text)
+{
+    return literal(QString::fromUtf8(text));
+}
+template <class Number> std::enable_if_t<std::is_integral_v<Number>, QString> literal(Number number)
+{
+    if constexpr (std::is_same_v<Number, bool>) {
+        return number ? QStringLiteral("1") : QStringLiteral("0");
+    } else {
+        return QString::number(number);
+    }
+}
+
+/// Calls `function` in the page. Callers pass values as they are and never escape.
+template <class... Arguments> void call(const char* function, const Arguments&... arguments)
+{
+    QString script = QLatin1String(function);
+    script += QLatin1Char('(');
+    [[maybe_unused]] bool first = true;
+    [[maybe_unused]] const auto append = [&](const QString& argument) {
+        if (!first) {
+            script += QLatin1Char(',');
+        }
+        first = false;
+        script += argument;
+    };
+    (append(literal(arguments)), ...);
+    script += QLatin1String(");");
+    run(script);
+}
+
+} // namespace Page

@@ -1,0 +1,20 @@
+#include "protocol/Commands.h"
+
+void registerProtocol(NetworkParser* parser, const char* name, const CommandRow* rows,
+                      std::size_t count)
+{
+    auto protocol = std::make_unique<NetworkProtocol>();
+    protocol->setName(QLatin1String(name));
+    for (std::size_t index = 0; index < count; ++index) {
+        NetworkCommand command;
+        command.setName(QLatin1String(rows[index].name));
+        if (rows[index].wireName) {
+            command.setWireName(QLatin1String(rows[index].wireName));
+        }
+        if (rows[index].handler) {
+            command.setFunction(rows[index].handler);
+        }
+        protocol->addNetworkCommand(command);
+    }
+    parser->addProtocol(std::move(protocol));
+}

@@ -1,0 +1,7 @@
+#include "protocol/SessionHooks.h"
+
+SessionHooks& sessionHooks()
+{
+    static SessionHooks hooks;
+    return hooks;
+}

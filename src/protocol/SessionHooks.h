@@ -1,0 +1,14 @@
+#pragma once
+
+#include <functional>
+
+/// What the session's replies cause above the protocols. Installed once at start; a hook that isn't
+/// set does nothing.
+struct SessionHooks {
+    std::function<void()> loginSucceeded; ///< the server has accepted the login
+    std::function<void()> loginRefused;   ///< wrong name or password
+    std::function<void()> closeProgram;   ///< the logout that leaves the program is through
+};
+
+/// The installed hooks.
+SessionHooks& sessionHooks();

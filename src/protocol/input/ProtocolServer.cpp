@@ -1,0 +1,8 @@
+#include "protocol/input/ProtocolServer.h"
+
+#include "protocol/Request.h"
+
+void inputProtocolServerCommandReloadChanges(const QJsonObject&)
+{
+    send(ServerCommand::GetSettings);
+}

@@ -1,0 +1,5 @@
+#pragma once
+
+class QJsonObject;
+
+void inputProtocolServerCommandReloadChanges(const QJsonObject& message);

@@ -1,0 +1,18 @@
+#include "protocol/input/ProtocolTask.h"
+
+#include "protocol/Request.h"
+
+void inputProtocolTaskCommandAdd(const QJsonObject&)
+{
+    send(TaskCommand::List);
+}
+
+void inputProtocolTaskCommandEnable(const QJsonObject&)
+{
+    send(TaskCommand::List);
+}
+
+void inputProtocolTaskCommandEdit(const QJsonObject&)
+{
+    send(TaskCommand::List);
+}

@@ -1,0 +1,7 @@
+#pragma once
+
+class QJsonObject;
+
+void inputProtocolTaskCommandAdd(const QJsonObject& message);
+void inputProtocolTaskCommandEnable(const QJsonObject& message);
+void inputProtocolTaskCommandEdit(const QJsonObject& message);

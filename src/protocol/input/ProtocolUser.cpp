@@ -1,0 +1,10 @@
+#include "protocol/input/ProtocolUser.h"
+
+#include "protocol/Request.h"
+
+void inputProtocolUserCommandReloadChanges(const QJsonObject&)
+{
+    send(UserCommand::GetInfo);
+    send(UserCommand::List);
+    send(UserCommand::GetConnected);
+}

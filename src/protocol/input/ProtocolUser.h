@@ -1,0 +1,5 @@
+#pragma once
+
+class QJsonObject;
+
+void inputProtocolUserCommandReloadChanges(const QJsonObject& message);

@@ -1,0 +1,5 @@
+#pragma once
+
+class QJsonObject;
+
+void inputProtocolZoneCommandReloadChanges(const QJsonObject& message);

@@ -1,0 +1,79 @@
+#include "protocol/input/Pushes.h"
+
+#include "app/Data.h"
+#include "log/Logger.h"
+#include "protocol/input/ProtocolHelper.h"
+#include "protocol/input/ProtocolLog.h"
+#include "protocol/input/ProtocolPlayback.h"
+#include "protocol/input/ProtocolPreset.h"
+#include "protocol/input/ProtocolServer.h"
+#include "protocol/input/ProtocolTask.h"
+#include "protocol/input/ProtocolUser.h"
+#include "protocol/input/ProtocolZone.h"
+
+#include <QJsonObject>
+
+#include <algorithm>
+#include <iterator>
+
+namespace
+{
+
+/// A push by its two names, and what takes it; null drops it with a log line.
+struct PushRow {
+    const char* request;
+    const char* action;
+    void (*handler)(const QJsonObject& message);
+};
+
+constexpr PushRow pushes[] = {
+    {"user", "reloadChanges", inputProtocolUserCommandReloadChanges},
+    {"role", "reloadChanges", nullptr},
+    {"device", "setState", nullptr},
+    {"device", "reloadChanges", nullptr},
+    {"device", "startTranslation", nullptr},
+    {"zone", "reloadChanges", inputProtocolZoneCommandReloadChanges},
+    {"zone", "includeDevice", nullptr},
+    {"zone", "excludeDevice", nullptr},
+    {"task", "start", nullptr},
+    {"task", "add", inputProtocolTaskCommandAdd},
+    {"task", "enable", inputProtocolTaskCommandEnable},
+    {"task", "delete", nullptr},
+    {"task", "edit", inputProtocolTaskCommandEdit},
+    {"preset", "reloadChanges", inputProtocolPresetCommandReloadChanges},
+    {"preset", "start", inputProtocolPresetCommandStart},
+    {"preset", "stop", inputProtocolPresetCommandStop},
+    {"playback", "addPlaylist", inputProtocolPlaybackCommandAddPlaylist},
+    {"playback", "addTrack", inputProtocolPlaybackCommandAddTrack},
+    {"playback", "excludeTrack", nullptr},
+    {"playback", "remove", nullptr},
+    {"playback", "setTitle", inputProtocolPlaybackCommandSetTitle},
+    {"playback", "play", inputProtocolPlaybackCommandPlay},
+    {"playback", "stop", nullptr},
+    {"playback", "pause", nullptr},
+    {"playback", "playNext", nullptr},
+    {"playback", "startRedirection", inputProtocolPlaybackCommandStartRedirection},
+    {"playback", "stopRedirection", nullptr},
+    {"helper", "notify", inputProtocolHelperCommandNotify},
+    {"helper", "brokenInternet", inputProtocolHelperCommandBrokenInternet},
+    {"helper", "brokenLink", inputProtocolHelperCommandBrokenLink},
+    {"server", "reloadChanges", inputProtocolServerCommandReloadChanges},
+    {"log", "reloadChanges", inputProtocolLogCommandReloadChanges},
+};
+
+} // namespace
+
+void routePush(const QJsonObject& message)
+{
+    const QString request = message.value(QLatin1String("request")).toString();
+    const QString action = message.value(QLatin1String("action")).toString();
+    const auto row = std::find_if(std::begin(pushes), std::end(pushes), [&](const PushRow& push) {
+        return request == QLatin1String(push.request) && action == QLatin1String(push.action);
+    });
+    if (row != std::end(pushes) && row->handler) {
+        row->handler(message);
+    } else {
+        Data::logger.message(QStringLiteral("Dropped push: ") + request + QLatin1Char(' ') +
+                             action);
+    }
+}

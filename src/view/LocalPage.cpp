@@ -1,0 +1,83 @@
+#include "view/LocalPage.h"
+
+#include "app/Data.h"
+#include "log/LogSettings.h"
+#include "log/Logger.h"
+
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QWebFrame>
+#include <QWebSettings>
+
+const QUrl LocalPage::loginUrl{QStringLiteral("qrc:/Web/login.html")};
+const QUrl LocalPage::sessionUrl{QStringLiteral("qrc:/Web/index.html")};
+
+bool LocalNetwork::isLocal(const QUrl& url)
+{
+    return url.scheme() == QLatin1String("qrc");
+}
+
+QNetworkReply* LocalNetwork::createRequest(Operation operation, const QNetworkRequest& request,
+                                           QIODevice* outgoing)
+{
+    if (isLocal(request.url())) {
+        return QNetworkAccessManager::createRequest(operation, request, outgoing);
+    }
+    Data::logger.message(QStringLiteral("Page request refused: ") + request.url().toString());
+    QNetworkRequest refused(request);
+    refused.setUrl(QUrl(QStringLiteral("qrc:/refused")));
+    return QNetworkAccessManager::createRequest(GetOperation, refused, nullptr);
+}
+
+LocalPage::LocalPage(QObject* parent) : QWebPage(parent)
+{
+    setNetworkAccessManager(new LocalNetwork(this));
+    QWebSettings* const local = settings();
+    local->setAttribute(QWebSettings::PluginsEnabled, false);
+    local->setAttribute(QWebSettings::JavaEnabled, false);
+    local->setAttribute(QWebSettings::LocalStorageEnabled, false);
+    local->setAttribute(QWebSettings::OfflineStorageDatabaseEnabled, false);
+    local->setAttribute(QWebSettings::OfflineWebApplicationCacheEnabled, false);
+    local->setAttribute(QWebSettings::DnsPrefetchEnabled, false);
+    local->setAttribute(QWebSettings::JavascriptCanOpenWindows, false);
+    local->setAttribute(QWebSettings::LocalContentCanAccessRemoteUrls, true);
+    connect(this, &QWebPage::frameCreated, this, &LocalPage::closeSocketDoor);
+    closeSocketDoor(mainFrame());
+}
+
+/// Web sockets pass by the network access manager, so they are taken away from the scripts.
+void LocalPage::closeSocketDoor(QWebFrame* frame)
+{
+    connect(frame, &QWebFrame::javaScriptWindowObjectCleared, this, [frame] {
+        frame->evaluateJavaScript(
+            QStringLiteral("Object.defineProperty(window, 'WebSocket', {value: undefined});"));
+    });
+}
+
+bool LocalPage::acceptNavigationRequest(QWebFrame* frame, const QNetworkRequest& request,
+                                        NavigationType)
+{
+    const QUrl page = request.url().adjusted(QUrl::RemoveFragment);
+    if (frame == mainFrame() && (page == loginUrl || page == sessionUrl)) {
+        return true;
+    }
+    Data::logger.message(QStringLiteral("Page navigation refused: ") + request.url().toString());
+    return false;
+}
+
+QWebPage* LocalPage::createWindow(WebWindowType)
+{
+    return nullptr;
+}
+
+void LocalPage::javaScriptConsoleMessage(const QString& message, int line, const QString& source)
+{
+    Data::logger.message(
+        QStringLiteral("Page message: %1 (%2:%3)").arg(message, source, QString::number(line)),
+        LogLevel::Debug);
+}
+
+void LocalPage::javaScriptAlert(QWebFrame*, const QString& message)
+{
+    Data::logger.message(QStringLiteral("Page alert: ") + message);
+}

@@ -1,0 +1,140 @@
+#include "view/WebView.h"
+
+#include "app/Data.h"
+#include "log/Logger.h"
+#include "model/ModelList.h"
+#include "model/ServerList.h"
+#include "model/Zone.h"
+#include "network/TcpClient.h"
+#include "page/ScriptCall.h"
+#include "protocol/Request.h"
+#include "view/LocalPage.h"
+#include "view/ServerAddress.h"
+
+#include <QCryptographicHash>
+#include <QSettings>
+#include <QWebView>
+
+namespace
+{
+
+/// The address that the operator chose, or the default server's for one that is none.
+std::optional<Server> serverToLogInTo(const QString& address)
+{
+    const auto [ip, port] = splitAddress(address);
+    if (isServerAddress(ip)) {
+        return Server{ip, port, false};
+    }
+    return Data::serverList->getDefault();
+}
+
+QString passwordDigest(const QString& password)
+{
+    const QByteArray digest = QCryptographicHash::hash(password.toUtf8(), QCryptographicHash::Md5);
+    return QString::fromLatin1(digest.toHex());
+}
+
+void appendAllZones()
+{
+    auto all = std::make_unique<Zone>();
+    all->setName(QStringLiteral("Все зоны"));
+    Data::zoneList.append(std::move(all));
+}
+
+/// Fills the mirror. The order matters: the role comes before what it limits, units before the
+/// zones that refer to them, playlists before the tasks and presets that name them, and the users
+/// before the question which of them is ours.
+void sendBootstrap()
+{
+    send(HelperCommand::CheckInternet);
+    send(HelperCommand::GetDateTime);
+    send(HelperCommand::GetCurrentServerVersion);
+    send(HelperCommand::CheckServerUpdate);
+    send(RoleCommand::GetInfo);
+    send(RoleCommand::GetRedirection);
+    send(RoleCommand::GetServer);
+    send(RoleCommand::List);
+    send(DeviceCommand::GetDevices);
+    send(DeviceCommand::ListFirmware);
+    send(ZoneCommand::List);
+    send(PlaybackCommand::List);
+    send(PlaybackCommand::GetPlays);
+    send(PresetCommand::List);
+    send(TaskCommand::List);
+    send(TaskCommand::GetPlays);
+    send(UserCommand::List);
+    send(UserCommand::GetConnected);
+    send(UserCommand::GetInfo);
+}
+
+} // namespace
+
+void WebView::login_tryLogin(const QString& name, const QString& password, const QString& address)
+{
+    Data::logger.message("login_tryLogin");
+    const std::optional<Server> server = serverToLogInTo(address);
+    if (server) {
+        Data::ip = server->ip;
+        Data::port = server->port;
+        Data::logger.message(QStringLiteral("Server ip: ") + Data::ip);
+        Data::logger.message(QStringLiteral("Server port: ") + QString::number(Data::port));
+    }
+    if (!server || !Data::tcpClient.connectToServer(Data::ip, Data::port)) {
+        Page::call("modalErrorShow", QStringLiteral("Произошла ошибка подключения к серверу!"));
+        return;
+    }
+    Data::localPort = Data::tcpClient.getLocalPort();
+    send(UserCommand::Login, {{QStringLiteral("version"), Data::apiVersion},
+                              {QStringLiteral("user"), name},
+                              {QStringLiteral("password"), passwordDigest(password)}});
+}
+
+void WebView::login_loginSuccess()
+{
+    Data::logger.message("login_loginSuccess");
+    Data::serverList->setDefault(Data::ip, Data::port);
+    appendAllZones();
+    Data::logger.message("Load login index");
+    loadPage(LocalPage::sessionUrl);
+    // The end of the last session has cleared the flag; every session that wants the lock has it.
+    Data::blockStatus = Data::settings->value(QStringLiteral("admin/block_enable"), false).toBool();
+    if (Data::blockStatus) {
+        startBlockTimer();
+    }
+    sendBootstrap();
+}
+
+void WebView::login_loginError()
+{
+    Data::logger.message("login_loginError");
+    Page::call("modalErrorShow", QStringLiteral("Неправильные учетные данные пользователя!"));
+}
+
+void WebView::global_logout()
+{
+    Data::logger.message("global_logout");
+    send(UserCommand::Logout);
+}
+
+void WebView::global_exit()
+{
+    Data::logger.message("global_exit");
+    if (Data::userList.isEmpty()) {
+        Data::tcpClient.close();
+        view->close();
+        return;
+    }
+    Data::waitForExit = true;
+    send(UserCommand::Logout);
+}
+
+void WebView::loadLoginPage()
+{
+    Data::logger.message("Logout redirect");
+    // Asked of the page and not of the current user: a connection lost on the login page must not
+    // wipe away the dialog of a refusal, and one lost before the bootstrap has made a user must not
+    // leave the session page under its loading dialog.
+    if (sessionPage) {
+        loadPage(LocalPage::loginUrl);
+    }
+}
