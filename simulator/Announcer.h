@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QHostAddress>
+#include <QNetworkInterface>
+#include <QTimer>
+#include <QUdpSocket>
+
+#include <optional>
+
+namespace simulator
+{
+
+/// The network interface with this name or one of these addresses, nothing for an unknown one.
+std::optional<QNetworkInterface> findInterface(const QString& nameOrAddress);
+
+/// Tells the consoles on one network interface, once a second, that the server is there.
+class Announcer : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `port` is the server's own, told in the datagram.
+    Announcer(const QNetworkInterface& where, quint16 port);
+
+    /// False when the interface can't be used; the next second is no better, so nothing is tried.
+    bool start();
+
+private:
+    void announce();
+
+    QNetworkInterface interface;
+    QByteArray datagram;
+    QUdpSocket socket;
+    QTimer timer;
+};
+
+} // namespace simulator

@@ -1,0 +1,134 @@
+#include "simulator/Life.h"
+
+#include "simulator/EventLog.h"
+#include "simulator/Server.h"
+#include "simulator/commands/Context.h"
+
+#include <QJsonObject>
+
+#include <algorithm>
+
+namespace simulator
+{
+
+namespace
+{
+
+constexpr int stepLength = 1000; // milliseconds
+constexpr int stepsPerDrop = 15;
+constexpr int stepsToReturn = 6;
+constexpr int stepsPerPercent = 20;
+
+/// The track behind this one in its folder, the first one again behind the last.
+const Track* following(const Installation& installation, const QVector<Track>& tracks, int track)
+{
+    const auto current = std::find_if(tracks.begin(), tracks.end(),
+                                      [track](const Track& one) { return one.id == track; });
+    if (tracks.isEmpty()) {
+        return nullptr;
+    }
+    const bool last = current == tracks.end() || current + 1 == tracks.end();
+    return installation.track(last ? tracks.first().id : (current + 1)->id);
+}
+
+} // namespace
+
+Life::Life(Server& living, quint32 seed) : server(living), chance(seed)
+{
+    connect(&timer, &QTimer::timeout, this, &Life::step);
+}
+
+void Life::start()
+{
+    timer.start(stepLength);
+}
+
+void Life::step()
+{
+    reconnect();
+    drain();
+    endTracks();
+    const QVector<Unit>& units = server.installation().allUnits();
+    if (!units.isEmpty() && chance.bounded(stepsPerDrop) == 0) {
+        dropUnit(*server.installation().unit(units.at(chance.bounded(units.size())).id));
+    }
+}
+
+void Life::dropUnit(Unit& unit)
+{
+    if (unit.link == Link::No) {
+        return;
+    }
+    qCInfo(events) << "Unit" << unit.id << "is lost";
+    unit.link = Link::No;
+    server.tellUnit(unit.id);
+}
+
+/// Lost units come back in two stages; one that carries a playback joins it again.
+void Life::reconnect()
+{
+    for (const Unit& known : server.installation().allUnits()) {
+        if (known.link == Link::Bidirectional || chance.bounded(stepsToReturn) != 0) {
+            continue;
+        }
+        Unit& unit = *server.installation().unit(known.id);
+        unit.link = unit.link == Link::No ? Link::Incoming : Link::Bidirectional;
+        server.tellUnit(unit.id);
+        if (unit.link == Link::Bidirectional) {
+            qCInfo(events) << "Unit" << unit.id << "is back";
+            if (unit.playback > 0) {
+                server.broadcast(makePush("playback", "play"));
+            }
+        }
+    }
+}
+
+/// Only what moves by a whole percent is told.
+void Life::drain()
+{
+    for (const Unit& known : server.installation().allUnits()) {
+        const bool draining = known.battery == Battery::AcPowerMissing;
+        const bool charging = known.battery == Battery::Charge;
+        if ((!draining && !charging) || known.link != Link::Bidirectional ||
+            chance.bounded(stepsPerPercent) != 0) {
+            continue;
+        }
+        Unit& unit = *server.installation().unit(known.id);
+        unit.batteryLevel = std::clamp(unit.batteryLevel + (charging ? 1 : -1), 0, 100);
+        if (unit.batteryLevel <= 5) {
+            unit.battery = Battery::Charge; // somebody finds the breaker
+        } else if (unit.batteryLevel == 100) {
+            unit.battery = Battery::Ok;
+        }
+        server.tellUnit(unit.id);
+    }
+}
+
+void Life::endTracks()
+{
+    Installation& installation = server.installation();
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    for (Playback& playback : installation.playbacks) {
+        const Track* current = installation.track(playback.track);
+        if (!playback.playing || !current || current->duration < 0 ||
+            installation.positionOf(playback, now) < current->duration) {
+            continue;
+        }
+        const Track* next =
+            following(installation, installation.tracksOf(playback.playlist), playback.track);
+        if (!next) {
+            continue;
+        }
+        playback.track = next->id;
+        playback.position = 0;
+        playback.since = now;
+        server.broadcast(makePush("playback", "playNext",
+                                  {{"playbackId", playback.id},
+                                   {"playlistId", playback.playlist},
+                                   {"trackId", playback.track},
+                                   {"timeshift", 0},
+                                   {"playing", true}}));
+    }
+}
+
+} // namespace simulator

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QObject>
+#include <QRandomGenerator>
+#include <QTimer>
+
+namespace simulator
+{
+
+class Server;
+struct Unit;
+
+/// What happens of itself: units drop and come back, batteries drain and charge, tracks end.
+class Life : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The server must outlive it. The same seed gives the same events, counted in steps.
+    Life(Server& living, quint32 seed);
+
+    /// Lets time pass by itself, one step each second.
+    void start();
+    /// One step: moves the units under way on, and now and then begins something new.
+    void step();
+
+    /// A unit loses its connection and comes back some steps later.
+    void dropUnit(Unit& unit);
+
+private:
+    void reconnect();
+    void drain();
+    void endTracks();
+
+    Server& server;
+    QRandomGenerator chance;
+    QTimer timer;
+};
+
+} // namespace simulator

@@ -1,0 +1,151 @@
+#include "simulator/Server.h"
+
+#include "simulator/EventLog.h"
+#include "simulator/commands/CommandTable.h"
+#include "simulator/commands/Context.h"
+#include "simulator/commands/UnitReport.h"
+#include "simulator/state/Access.h"
+
+#include <algorithm>
+
+namespace simulator
+{
+
+class Server::Listener : public QTcpServer
+{
+public:
+    explicit Listener(std::function<void(qintptr)> take) : accept(std::move(take)) {}
+
+protected:
+    void incomingConnection(qintptr descriptor) override { accept(descriptor); }
+
+private:
+    std::function<void(qintptr)> accept;
+};
+
+namespace
+{
+
+const Role* roleOf(const Installation& installation, const Session& session)
+{
+    const Account* account = installation.account(session.account());
+    return account ? installation.role(account->role) : nullptr;
+}
+
+bool mayHear(const Installation& installation, const Session& session, const Push& push)
+{
+    const Role* role = roleOf(installation, session);
+    if (!role || &session == push.notTo) {
+        return false;
+    }
+    const Unit* unit = push.aboutUnit ? installation.unit(*push.aboutUnit) : nullptr;
+    return !push.aboutUnit || (unit && Access(installation, *role).sees(*unit));
+}
+
+} // namespace
+
+Server::Server(Installation fiction, Identity own)
+    : state(std::move(fiction)),
+      identity(std::move(own)),
+      listener(std::make_unique<Listener>([this](qintptr descriptor) { accept(descriptor); }))
+{
+}
+
+Server::~Server() = default;
+
+bool Server::listen(const QHostAddress& address, quint16 port)
+{
+    return listener->listen(address, port);
+}
+
+QString Server::errorString() const
+{
+    return listener->errorString();
+}
+
+QHostAddress Server::address() const
+{
+    return listener->serverAddress();
+}
+
+quint16 Server::port() const
+{
+    return listener->serverPort();
+}
+
+QStringList Server::connectedAccounts() const
+{
+    QStringList names;
+    for (const auto& session : sessions) {
+        if (!session->account().isEmpty() && !names.contains(session->account())) {
+            names.append(session->account());
+        }
+    }
+    return names;
+}
+
+void Server::broadcast(const Push& push)
+{
+    for (const auto& session : sessions) {
+        if (mayHear(state, *session, push)) {
+            session->push(push.message);
+        }
+    }
+}
+
+void Server::tellUnit(int id)
+{
+    if (const Unit* unit = state.unit(id)) {
+        broadcast({statePush(state, *unit), nullptr, id});
+    }
+}
+
+void Server::dropConnections()
+{
+    // Dropping a session takes it out of the list under way.
+    std::vector<Session*> present;
+    std::transform(sessions.begin(), sessions.end(), std::back_inserter(present),
+                   [](const auto& session) { return session.get(); });
+    for (Session* session : present) {
+        session->drop();
+    }
+}
+
+void Server::accept(qintptr descriptor)
+{
+    sessions.push_back(
+        std::make_unique<Session>(descriptor, nextSession++, identity, manners, nullptr));
+    Session* session = sessions.back().get();
+    connect(session, &Session::requested, this,
+            [this, session](const QJsonObject& request) { serve(*session, request); });
+    connect(session, &Session::ended, this, [this, session] { close(session); });
+}
+
+void Server::serve(Session& session, const QJsonObject& request)
+{
+    Context context(state, session, connectedAccounts());
+    session.reply(request, answer(context, request));
+    for (const Push& push : context.pushes()) {
+        broadcast(push);
+    }
+}
+
+void Server::close(Session* session)
+{
+    const auto place =
+        std::find_if(sessions.begin(), sessions.end(),
+                     [session](const auto& candidate) { return candidate.get() == session; });
+    if (place == sessions.end()) {
+        return;
+    }
+    qCInfo(events) << "Session" << session->number() << "ended";
+    const bool wasLoggedIn = !session->account().isEmpty();
+    // Its own signal is under way, so it may not be destroyed here.
+    place->release()->deleteLater();
+    sessions.erase(place);
+    if (wasLoggedIn) {
+        broadcast(reloadPush("user"));
+    }
+}
+
+} // namespace simulator

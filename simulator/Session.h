@@ -1,0 +1,70 @@
+#pragma once
+
+#include "simulator/wire/ObjectReader.h"
+
+#include <QJsonObject>
+#include <QObject>
+#include <QQueue>
+#include <QSslSocket>
+#include <QTimer>
+
+namespace simulator
+{
+
+struct Identity;
+
+/// How the server behaves towards its consoles, for trying what they make of it.
+struct Manners {
+    int replyDelay = 0;  ///< milliseconds before a request is looked at
+    bool silent = false; ///< requests are read and never answered
+};
+
+/// One connection: TLS, the objects of its stream, who is logged in, and what is sent back.
+class Session : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Takes over an accepted socket and starts the handshake. `serverManners` must outlive the
+    /// session.
+    Session(qintptr descriptor, int number, const Identity& identity, const Manners& serverManners,
+            QObject* parent);
+    ~Session() override;
+
+    int number() const { return sequence; }
+    /// Name of the account that is logged in, empty for none.
+    QString account() const { return accountName; }
+    void setAccount(const QString& name) { accountName = name; }
+
+    /// Answers a request: `answer` goes out with the order of the request.
+    void reply(const QJsonObject& request, QJsonObject answer);
+    /// Sends a push under the next order of this connection.
+    void push(QJsonObject message);
+    /// Ends the connection at once.
+    void drop();
+
+Q_SIGNALS:
+    /// A request has arrived and its turn has come. It is answered by reply(), once.
+    void requested(const QJsonObject& request);
+    /// The connection is gone; the session can be deleted.
+    void ended();
+
+private:
+    void read();
+    void take(const QByteArray& text);
+    void serveNext();
+    void send(const QJsonObject& message);
+    void dismiss(const char* why);
+
+    QSslSocket socket;
+    ObjectReader reader;
+    QQueue<QJsonObject> waiting;
+    QTimer patience; ///< for the handshake
+    QTimer delay;
+    const Manners& manners;
+    QString accountName;
+    int sequence;
+    int nextPush = 1000000; ///< far from the orders that a console counts up from 0
+};
+
+} // namespace simulator

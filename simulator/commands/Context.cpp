@@ -1,0 +1,40 @@
+#include "simulator/commands/Context.h"
+
+namespace simulator
+{
+
+Push makePush(const QString& request, const QString& action, QJsonObject fields)
+{
+    fields.insert("request", request);
+    fields.insert("action", action);
+    return {fields, nullptr, std::nullopt};
+}
+
+Push reloadPush(const QString& request)
+{
+    return makePush(request, "reloadChanges");
+}
+
+Context::Context(Installation& installation, Session& session, QStringList accounts)
+    : state(installation), asking(session), connected(std::move(accounts))
+{
+}
+
+const Account* Context::account() const
+{
+    return state.account(asking.account());
+}
+
+const Role* Context::role() const
+{
+    const Account* own = account();
+    return own ? state.role(own->role) : nullptr;
+}
+
+void Context::pushToOthers(Push push)
+{
+    push.notTo = &asking;
+    outbox.push_back(std::move(push));
+}
+
+} // namespace simulator

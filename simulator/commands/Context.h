@@ -1,0 +1,56 @@
+#pragma once
+
+#include "simulator/Session.h"
+#include "simulator/state/Access.h"
+#include "simulator/state/Installation.h"
+
+#include <QJsonObject>
+
+#include <optional>
+#include <vector>
+
+namespace simulator
+{
+
+/// A message of the server's own accord, and who hears it.
+struct Push {
+    QJsonObject message;
+    const Session* notTo = nullptr; ///< a session that is left out
+    std::optional<int> aboutUnit;   ///< only to those who see this unit
+};
+
+/// A push with nothing but its two names.
+Push makePush(const QString& request, const QString& action, QJsonObject fields = {});
+/// The push that makes the consoles ask for a protocol's state again.
+Push reloadPush(const QString& request);
+
+/// What a command handler works with: the state, who asks, and the pushes that follow its reply.
+class Context
+{
+public:
+    Context(Installation& installation, Session& session, QStringList accounts);
+
+    Installation& installation() { return state; }
+    Session& session() { return asking; }
+    /// The account that asks, null before the login and when it has been deleted meanwhile.
+    const Account* account() const;
+    /// The role of the account that asks, null as above and for an account without a role.
+    const Role* role() const;
+    /// Only inside handlers of commands that need a login: there is a role then.
+    Access access() const { return Access(state, *role()); }
+    const QStringList& connectedAccounts() const { return connected; }
+
+    /// Sends a push to all sessions, behind the reply.
+    void push(Push push) { outbox.push_back(std::move(push)); }
+    /// The same to all but the one that asks.
+    void pushToOthers(Push push);
+    const std::vector<Push>& pushes() const { return outbox; }
+
+private:
+    Installation& state;
+    Session& asking;
+    QStringList connected;
+    std::vector<Push> outbox;
+};
+
+} // namespace simulator

@@ -1,0 +1,112 @@
+#include "simulator/commands/CommandTable.h"
+#include "simulator/commands/UnitReport.h"
+#include "simulator/commands/UnitRequest.h"
+
+#include <QJsonArray>
+
+namespace simulator
+{
+
+namespace
+{
+
+QJsonObject getDevices(Context& context, const QJsonObject&)
+{
+    const Access access = context.access();
+    QJsonArray devices;
+    for (const Unit& unit : context.installation().allUnits()) {
+        if (access.sees(unit)) {
+            devices.append(QJsonObject{{"id", unit.id},
+                                       {"title", unit.title},
+                                       {"volume", unit.volume},
+                                       {"link", wordOf(linkWords, unit.link)},
+                                       {"playback", context.installation().playbackWord(unit)}});
+        }
+    }
+    return success({{"devices", devices}});
+}
+
+QJsonObject getState(Context& context, const QJsonObject& request)
+{
+    const Unit* unit = unitIn(context, request);
+    if (!unit) {
+        return refusal("error");
+    }
+    QJsonObject fields = conditionOf(*unit);
+    fields.insert("id", unit->id);
+    fields.insert("ip", unit->config.value("ip"));
+    fields.insert("mac", unit->mac);
+    return success(fields);
+}
+
+QJsonObject getTitle(Context& context, const QJsonObject& request)
+{
+    const Unit* unit = unitIn(context, request);
+    return unit ? success({{"title", unit->title}}) : refusal("error");
+}
+
+QJsonObject getVolume(Context& context, const QJsonObject& request)
+{
+    const Unit* unit = unitIn(context, request);
+    return unit ? success({{"volume", unit->volume}}) : refusal("error");
+}
+
+QJsonObject getEqualizer(Context& context, const QJsonObject& request)
+{
+    const Unit* unit = unitIn(context, request);
+    if (!unit) {
+        return refusal("error");
+    }
+    QJsonArray levels;
+    for (double level : unit->equalizer) {
+        levels.append(level);
+    }
+    return success({{"enabled", unit->equalizerEnabled}, {"levels", levels}});
+}
+
+QJsonObject getConfig(Context& context, const QJsonObject& request)
+{
+    const Unit* unit = unitIn(context, request);
+    return unit ? success(unit->config) : refusal("error");
+}
+
+QJsonObject setVolume(Context& context, const QJsonObject& request)
+{
+    Unit* unit = unitIn(context, request);
+    const int volume = request.value("volume").toInt(-1);
+    if (!unit || unit->link != Link::Bidirectional || volume < 0 || volume > 100) {
+        return refusal("error");
+    }
+    unit->volume = volume;
+    Push push{statePush(context.installation(), *unit), nullptr, unit->id};
+    context.pushToOthers(std::move(push));
+    return success();
+}
+
+QJsonObject listFirmware(Context& context, const QJsonObject&)
+{
+    QJsonArray list;
+    for (const FirmwareImage& image : context.installation().firmware) {
+        list.append(QJsonObject{{"fileName", image.fileName}, {"version", image.version}});
+    }
+    return success({{"list", list}});
+}
+
+} // namespace
+
+Commands deviceCommands()
+{
+    const QLatin1String device("device");
+    return {
+        {device, QLatin1String("getDevices"), {Right::Session}, getDevices},
+        {device, QLatin1String("getState"), {Right::Session}, getState},
+        {device, QLatin1String("getTitle"), {Right::Session}, getTitle},
+        {device, QLatin1String("getVolume"), {Right::Session}, getVolume},
+        {device, QLatin1String("setVolume"), {Right::Devices, Level::Control}, setVolume},
+        {device, QLatin1String("getEqualizer"), {Right::Session}, getEqualizer},
+        {device, QLatin1String("getConfig"), {Right::Session}, getConfig},
+        {device, QLatin1String("listFirmware"), {Right::Session}, listFirmware},
+    };
+}
+
+} // namespace simulator

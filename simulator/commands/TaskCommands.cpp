@@ -1,0 +1,64 @@
+#include "simulator/commands/Arrays.h"
+#include "simulator/commands/CommandTable.h"
+
+namespace simulator
+{
+
+namespace
+{
+
+QJsonObject describe(const Task& task)
+{
+    return {{"id", task.id},
+            {"title", task.title},
+            {"enable", task.enabled},
+            {"event", task.play ? "play" : "stop"},
+            {"eventId", task.target},
+            {"trackId", task.track},
+            {"frequency", task.frequency},
+            {"step", 1},
+            {"days", task.days},
+            {"startDate", task.startDate},
+            {"startTime", task.startTime},
+            {"endDate", task.endDate},
+            {"targetPlaying", task.targetPlaying},
+            {"repeats", task.repeats},
+            {"actionIfEnd", task.actionIfEnd},
+            {"zones", toArray(task.zones)},
+            {"devices", toArray(task.units)}};
+}
+
+QJsonObject list(Context& context, const QJsonObject&)
+{
+    QJsonArray tasks;
+    for (const Task& task : context.installation().tasks) {
+        if (context.access().sees(task)) {
+            tasks.append(describe(task));
+        }
+    }
+    return success({{"tasks", tasks}});
+}
+
+QJsonObject getPlays(Context& context, const QJsonObject&)
+{
+    QJsonArray list;
+    for (const Playback& playback : context.installation().playbacks) {
+        if (playback.task > 0 && context.access().sees(playback)) {
+            list.append(QJsonObject{{"taskId", playback.task}, {"playbackId", playback.id}});
+        }
+    }
+    return success({{"list", list}});
+}
+
+} // namespace
+
+Commands taskCommands()
+{
+    const QLatin1String task("task");
+    return {
+        {task, QLatin1String("list"), {Right::Session}, list},
+        {task, QLatin1String("getPlays"), {Right::Session}, getPlays},
+    };
+}
+
+} // namespace simulator

@@ -1,0 +1,12 @@
+#include "simulator/commands/UnitRequest.h"
+
+namespace simulator
+{
+
+Unit* unitIn(Context& context, const QJsonObject& request)
+{
+    Unit* unit = context.installation().unit(request.value("id").toInt());
+    return unit && context.access().sees(*unit) ? unit : nullptr;
+}
+
+} // namespace simulator

@@ -1,0 +1,146 @@
+#include "simulator/fiction/InstallationBuilder.h"
+
+#include "simulator/fiction/Fleet.h"
+#include "simulator/fiction/Library.h"
+#include "simulator/fiction/People.h"
+
+namespace simulator
+{
+
+namespace
+{
+
+Task playTask(int id, const QString& title, int playlist, int track, const QString& frequency,
+              const QString& startTime)
+{
+    Task task;
+    task.id = id;
+    task.title = title;
+    task.target = playlist;
+    task.track = track;
+    task.frequency = frequency;
+    task.startDate = QDate::currentDate().addDays(-7).toString("yyyy-MM-dd");
+    task.startTime = startTime;
+    return task;
+}
+
+/// A stop time is an event of its own, which copies the play event and points at it.
+Task stopTaskOf(const Task& play, int id, const QString& time)
+{
+    Task stop = play;
+    stop.id = id;
+    stop.title = play.title + "_stop";
+    stop.play = false;
+    stop.target = play.id;
+    stop.startTime = time;
+    return stop;
+}
+
+void addTasks(Installation& installation)
+{
+    Task morning = playTask(1, "Утренняя музыка", 22, 111, "weekly", "05:30");
+    morning.days = "monday,tuesday,wednesday,thursday,friday";
+    morning.zones = {3, 4};
+    Task lunch = playTask(2, "Обеденный перерыв", 26, 151, "daily", "09:00");
+    lunch.zones = {3, 4, 5};
+    Task check = playTask(3, "Проверка оповещения", 26, 153, "monthly", "07:00");
+    check.enabled = false;
+    Task evening = playTask(4, "Вечерний джаз", 24, 131, "weekly", "15:00");
+    evening.days = "friday";
+    evening.units = {4, 8, 15};
+    evening.repeats = 1;
+    installation.tasks = {morning, stopTaskOf(morning, 5, "07:00"), lunch, check, evening};
+}
+
+void addPresets(Installation& installation)
+{
+    Preset evacuation;
+    evacuation.id = 1;
+    evacuation.title = "Эвакуация";
+    evacuation.playlist = 27;
+    evacuation.track = 161;
+    evacuation.zones = {6};
+    evacuation.repeats = 9;
+    Preset lobby;
+    lobby.id = 2;
+    lobby.title = "Музыка в холле";
+    lobby.playlist = 22;
+    lobby.position = 1;
+    lobby.zones = {3};
+    lobby.actionIfEnd = "pause";
+    Preset closing;
+    closing.id = 3;
+    closing.title = "Окончание рабочего дня";
+    closing.playlist = 26;
+    closing.track = 152;
+    closing.position = 2;
+    closing.units = {1, 2, 5, 6, 10};
+    closing.targetPlaying = "track";
+    closing.repeats = 1;
+    installation.presets = {evacuation, lobby, closing};
+}
+
+void startPlayback(Installation& installation, Playback playback, const QVector<int>& units)
+{
+    for (int id : units) {
+        if (Unit* unit = installation.unit(id)) {
+            unit->playback = playback.id;
+            playback.units.append(id);
+        }
+    }
+    if (!playback.units.isEmpty()) {
+        playback.since = QDateTime::currentDateTimeUtc();
+        installation.playbacks.append(playback);
+    }
+}
+
+/// What runs when the server starts: the radio in the technical rooms, music at the reception.
+void addPlaybacks(Installation& installation)
+{
+    Playback radio;
+    radio.id = 1;
+    radio.playlist = 21;
+    radio.track = 101;
+    startPlayback(installation, radio, {21, 23});
+    Playback music;
+    music.id = 2;
+    music.playlist = 22;
+    music.track = 112;
+    music.position = 40;
+    music.repeats = 4;
+    music.task = 1;
+    startPlayback(installation, music, {2, 8});
+}
+
+ServerSettings makeServer()
+{
+    ServerSettings server;
+    server.version = "4.7.2.15";
+    server.interfaces = {{"10.20.0.2", "eth0"}, {"192.168.7.1", "eth1"}};
+    server.networkInterface = "10.20.0.2";
+    server.multicastIp = "224.0.224.1";
+    server.commandPort = 11990;
+    server.timezone = 3;
+    for (int days = 6; days >= 0; --days) {
+        server.logDays.append(QDate::currentDate().addDays(-days).toString("dd-MM-yyyy"));
+    }
+    return server;
+}
+
+} // namespace
+
+Installation buildInstallation(int deviceCount, quint32 seed)
+{
+    Installation installation;
+    addFleet(installation, deviceCount, seed);
+    addLibrary(installation);
+    addTasks(installation);
+    addPresets(installation);
+    addPlaybacks(installation);
+    addPeople(installation);
+    installation.firmware = {{"unit-3.4.2.eff", "3.4.2.118"}, {"unit-2.8.1.bin", "2.8.1.40"}};
+    installation.server = makeServer();
+    return installation;
+}
+
+} // namespace simulator
