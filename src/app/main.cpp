@@ -58,6 +58,7 @@ void loadServerList()
 
 int main(int argc, char* argv[])
 {
+    Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     Data::app = &application;
     Configuration::makeFolders();

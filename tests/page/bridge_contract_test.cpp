@@ -1,0 +1,222 @@
+#include "view/WebView.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QMap>
+#include <QMetaMethod>
+#include <QRegularExpression>
+#include <QSet>
+#include <QtTest>
+
+/// Holds both sides of the bridge to each other: what the pages call is a slot with that many
+/// arguments, each slot is called by some page, and what native code calls is defined by a page.
+class BridgeContractTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void findsCallsWithTheirArguments();
+    void pagesCallSlotsThatExist();
+    void eachSlotIsCalledByAPage();
+    void nativeCodeCallsFunctionsThatPagesDefine();
+
+private:
+    QMap<QString, QString> pages;   ///< path below the web folder, text
+    QMap<QString, QString> sources; ///< path below the source folder, text
+    QSet<QString> slotForms;        ///< name/number of arguments
+};
+
+namespace {
+
+/// Slots that no page calls, and why.
+const QMap<QString, QString> slotsWithoutPage = {
+    {"loaded", "connected to the view"},
+    {"runJavascript", "the way into the page"},
+    {"stopTimers", "called at the end of a session"},
+    {"login_serverFound", "connected to the discovery socket"},
+    {"login_stopFindingServer", "called when a server was found"},
+    {"login_loginSuccess", "called by the reply to the login"},
+    {"login_loginError", "called by the reply to the login"},
+    {"loadLoginPage", "called at the end of a session"},
+    {"resetBlockTimer", "called by the event filter"},
+    {"modal_blockShow", "connected to the lock's timer"},
+};
+
+/// Functions that native code calls and no page defines yet: those of pages still to come, and one
+/// that has no use on any page.
+const QSet<QString> functionsWithoutPage = {
+    "wrapperInput_server_setAvailableServerVersion",
+};
+
+struct Call {
+    QString name;
+    int arguments;
+};
+
+/// The number of arguments of a call whose opening bracket is in front of `position`.
+int countArguments(const QString& text, int position)
+{
+    int depth = 1;
+    int commas = 0;
+    bool empty = true;
+    QChar quote;
+    for (int i = position; i < text.size() && depth > 0; ++i) {
+        const QChar character = text.at(i);
+        if (!quote.isNull()) {
+            if (character == '\\') {
+                ++i;
+            } else if (character == quote) {
+                quote = QChar();
+            }
+            continue;
+        }
+        if (QStringLiteral("\"'`").contains(character)) {
+            quote = character;
+            empty = false;
+        } else if (QStringLiteral("([{").contains(character)) {
+            ++depth;
+            empty = false;
+        } else if (QStringLiteral(")]}").contains(character)) {
+            --depth;
+        } else if (character == ',' && depth == 1) {
+            ++commas;
+        } else if (!character.isSpace()) {
+            empty = false;
+        }
+    }
+    return empty ? 0 : commas + 1;
+}
+
+QVector<Call> wrapperCalls(const QString& text)
+{
+    static const QRegularExpression pattern(QStringLiteral("\\bwrapper\\.(\\w+)\\s*\\("));
+    QVector<Call> calls;
+    auto matches = pattern.globalMatch(text);
+    while (matches.hasNext()) {
+        const auto match = matches.next();
+        calls.append({match.captured(1), countArguments(text, match.capturedEnd())});
+    }
+    return calls;
+}
+
+QMap<QString, QString> readTree(const QString& folder, const QStringList& filters)
+{
+    QMap<QString, QString> result;
+    QDirIterator files(folder, filters, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        if (!file.fileName().contains(QLatin1String("node_modules")) &&
+            file.open(QIODevice::ReadOnly)) {
+            result.insert(QDir(folder).relativeFilePath(file.fileName()),
+                          QString::fromUtf8(file.readAll()));
+        }
+    }
+    return result;
+}
+
+/// Every name that native code may hand to `Page::call`: its literal first arguments, and whatever
+/// else is spelled like a page function in a table.
+QSet<QString> calledFunctions(const QMap<QString, QString>& sources)
+{
+    static const QRegularExpression patterns[] = {
+        QRegularExpression(QStringLiteral("Page::call\\(\\s*\"(\\w+)\"")),
+        QRegularExpression(QStringLiteral("\"((?:wrapperInput_|modal[A-Z_])\\w+)\"")),
+    };
+    QSet<QString> names;
+    for (const QString& text : sources) {
+        for (const QRegularExpression& pattern : patterns) {
+            auto matches = pattern.globalMatch(text);
+            while (matches.hasNext()) {
+                names.insert(matches.next().captured(1));
+            }
+        }
+    }
+    return names;
+}
+
+bool isDefined(const QString& name, const QMap<QString, QString>& pages)
+{
+    const QRegularExpression definition(
+        QStringLiteral("function\\s+%1\\s*\\(|\\b%1\\s*=\\s*(?:function|\\()|notice\\(\\s*[\"']%1[\"']")
+            .arg(name));
+    return std::any_of(pages.begin(), pages.end(),
+                       [&](const QString& text) { return definition.match(text).hasMatch(); });
+}
+
+} // namespace
+
+void BridgeContractTest::initTestCase()
+{
+    pages = readTree(QStringLiteral(WEB_FOLDER), {"*.js", "*.html"});
+    sources = readTree(QStringLiteral(SOURCE_FOLDER), {"*.cpp", "*.h"});
+    const QMetaObject& meta = WebView::staticMetaObject;
+    for (int index = meta.methodOffset(); index < meta.methodCount(); ++index) {
+        const QMetaMethod method = meta.method(index);
+        slotForms.insert(QStringLiteral("%1/%2")
+                             .arg(QString::fromLatin1(method.name()))
+                             .arg(method.parameterCount()));
+    }
+    QVERIFY(pages.size() > 5);
+    QVERIFY(sources.size() > 20);
+    QVERIFY(slotForms.size() > 10);
+}
+
+void BridgeContractTest::findsCallsWithTheirArguments()
+{
+    const QVector<Call> calls = wrapperCalls(
+        "wrapper.one(); if (a) { wrapper . x; wrapper.two(f(1, 2), 'a,)b') } wrapper.three([1,2], {a: 1}, \"\\\"\")");
+    QCOMPARE(calls.size(), 3);
+    QCOMPARE(calls.at(0).arguments, 0);
+    QCOMPARE(calls.at(1).arguments, 2);
+    QCOMPARE(calls.at(2).arguments, 3);
+}
+
+void BridgeContractTest::pagesCallSlotsThatExist()
+{
+    QStringList wrong;
+    for (auto page = pages.begin(); page != pages.end(); ++page) {
+        for (const Call& call : wrapperCalls(page.value())) {
+            const QString form = QStringLiteral("%1/%2").arg(call.name).arg(call.arguments);
+            if (!slotForms.contains(form)) {
+                wrong.append(page.key() + ": wrapper." + form);
+            }
+        }
+    }
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join('\n')));
+}
+
+void BridgeContractTest::eachSlotIsCalledByAPage()
+{
+    QSet<QString> called;
+    for (const QString& text : qAsConst(pages)) {
+        for (const Call& call : wrapperCalls(text)) {
+            called.insert(call.name);
+        }
+    }
+    QStringList forgotten;
+    for (const QString& form : qAsConst(slotForms)) {
+        const QString name = form.section('/', 0, 0);
+        if (!called.contains(name) && !slotsWithoutPage.contains(name)) {
+            forgotten.append(name);
+        }
+    }
+    QVERIFY2(forgotten.isEmpty(), qPrintable(forgotten.join('\n')));
+}
+
+void BridgeContractTest::nativeCodeCallsFunctionsThatPagesDefine()
+{
+    const QSet<QString> names = calledFunctions(sources);
+    QVERIFY(names.contains("modalErrorShow"));
+    QVERIFY(!isDefined("modalNobodyDefinesThis", pages));
+    QStringList missing;
+    for (const QString& name : names) {
+        if (!isDefined(name, pages) && !functionsWithoutPage.contains(name)) {
+            missing.append(name);
+        }
+    }
+    QVERIFY2(missing.isEmpty(), qPrintable(missing.join('\n')));
+}
+
+QTEST_GUILESS_MAIN(BridgeContractTest)
+#include "bridge_contract_test.moc"

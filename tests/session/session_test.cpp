@@ -1,0 +1,202 @@
+#include "app/Data.h"
+#include "model/ModelList.h"
+#include "model/User.h"
+#include "network/TcpClient.h"
+#include "page/Console.h"
+#include "view/LocalPage.h"
+#include "view/WebView.h"
+
+#include <QProcess>
+#include <QWebView>
+#include <QtTest>
+
+/// A user's way through the console, with the real pages and the demo server as a process of its
+/// own: log in, look around, log out, lose the connection.
+class SessionTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase();
+    void init();
+
+    void wrongPasswordIsToldAndLeavesTheLoginPage();
+    void secondTryAfterARefusalLogsIn();
+    void sessionFromLoginToLogout();
+    void lostConnectionReturnsToTheLoginPage();
+    void noServerIsTold();
+    void unreachableServerIsTold();
+    void exitLeavesTheProgram();
+
+private:
+    void startServer(quint16 port = 0);
+    void logIn(const QString& user);
+
+    std::unique_ptr<Console> console;
+    std::unique_ptr<QProcess> server;
+    quint16 port = 0;
+};
+
+namespace {
+
+const char* const isModalOpen = "$('#%1').is(':visible') && $('#%1').hasClass('in')";
+
+QString modalOpen(const char* id)
+{
+    return QString::fromLatin1(isModalOpen).arg(QLatin1String(id));
+}
+
+} // namespace
+
+void SessionTest::startServer(quint16 wantedPort)
+{
+    server = std::make_unique<QProcess>();
+    server->setProcessChannelMode(QProcess::MergedChannels);
+    server->start(QStringLiteral(SIMULATOR),
+                  {"--port", QString::number(wantedPort), "--quiet", "--no-announce", "--data",
+                   console->folder() + "/simulator"});
+    QByteArray output;
+    const QRegularExpression listening("Listening on 127\\.0\\.0\\.1:(\\d+)");
+    QVERIFY(QTest::qWaitFor(
+        [&] {
+            output += server->readAll();
+            return listening.match(output).hasMatch();
+        },
+        30000));
+    port = listening.match(output).captured(1).toUShort();
+}
+
+void SessionTest::initTestCase()
+{
+    console = std::make_unique<Console>();
+    startServer();
+    QVERIFY(port != 0);
+    console->servers().addServer({"127.0.0.1", port, true});
+    QVERIFY(console->waitForPage("login.html"));
+}
+
+void SessionTest::cleanupTestCase()
+{
+    console.reset();
+    server->terminate();
+    server->waitForFinished();
+}
+
+void SessionTest::init()
+{
+    QVERIFY(console->waitForPage("login.html"));
+    console->load(LocalPage::loginUrl);
+    QVERIFY(console->waitFor("$('#serverSelect option').length > 0 && "
+                             "typeof modalErrorShow === 'function' && $('#modalError').length > 0"));
+}
+
+void SessionTest::logIn(const QString& user)
+{
+    console->logIn(user, user);
+    QVERIFY(console->waitForPage("index.html"));
+    QVERIFY(console->waitFor("typeof loadMainBody === 'function' && "
+                             "!$('#loadingModal').is(':visible') && $('#top_menu').children().length > 0"));
+}
+
+void SessionTest::wrongPasswordIsToldAndLeavesTheLoginPage()
+{
+    console->logIn("admin", "wrong");
+    QVERIFY(console->waitFor(modalOpen("modalError")));
+    QCOMPARE(console->text("$('#errorLabel').text()"),
+             QStringLiteral("Неправильные учетные данные пользователя!"));
+    console->picture("login-refused");
+    // The server closes the refused connection: the dialog must stay.
+    Data::tcpClient.exit();
+    QVERIFY(!QTest::qWaitFor([&] { return !console->value(modalOpen("modalError")).toBool(); }, 300));
+    QVERIFY(!Data::getCurrentUser());
+}
+
+void SessionTest::secondTryAfterARefusalLogsIn()
+{
+    console->logIn("admin", "wrong");
+    QVERIFY(console->waitFor(modalOpen("modalError")));
+    logIn("operator");
+    QCOMPARE(Data::ip, QStringLiteral("127.0.0.1"));
+    QCOMPARE(Data::port, int(port));
+    console->value("wrapper_Global_logout()");
+    QVERIFY(console->waitForPage("login.html"));
+}
+
+void SessionTest::sessionFromLoginToLogout()
+{
+    console->picture("login");
+    logIn("admin");
+    QVERIFY(console->waitFor("$('#global_user_name').text().indexOf('Администратор') >= 0"));
+    QVERIFY(console->waitFor("/^\\d\\d:\\d\\d:\\d\\d$/.test($('#clock').text())"));
+    const QString time = console->text("$('#clock').text()");
+    QVERIFY(console->waitFor(QStringLiteral("$('#clock').text() !== '%1'").arg(time)));
+    console->picture("session");
+
+    console->value("$('#menu_about').click()");
+    QVERIFY(console->waitFor(modalOpen("modalShowVersion")));
+    QVERIFY(console->text("$('#info_client_version').text()").contains(Data::clientVersion));
+    QVERIFY(!console->text("$('#info_server_version').text()").isEmpty());
+    console->picture("about");
+
+    console->value("wrapper_Global_logout()");
+    QVERIFY(console->waitForPage("login.html"));
+    QVERIFY(!Data::getCurrentUser());
+    QVERIFY(Data::zoneList.isEmpty());
+    QCOMPARE(Data::localPort, 0);
+    QCOMPARE(console->scriptErrors(), QStringList());
+}
+
+void SessionTest::lostConnectionReturnsToTheLoginPage()
+{
+    logIn("operator");
+    server->kill();
+    QVERIFY(console->waitForPage("login.html"));
+    QVERIFY(!Data::getCurrentUser());
+    startServer(port);
+    QVERIFY(console->waitFor("$('#serverSelect option').length > 0"));
+    logIn("operator");
+    console->value("wrapper_Global_logout()");
+    QVERIFY(console->waitForPage("login.html"));
+}
+
+void SessionTest::noServerIsTold()
+{
+    console->value("$('#serverSelect').empty()");
+    console->logIn("admin", "admin");
+    QVERIFY(console->waitFor(modalOpen("modalNoServer")));
+    console->picture("login-no-server");
+}
+
+void SessionTest::unreachableServerIsTold()
+{
+    console->value("addServerOption('127.0.0.1', '1', 1)");
+    console->value("wrapper.login_tryLogin('admin', 'admin', '127.0.0.1/1')");
+    QVERIFY(console->waitFor(modalOpen("modalError")));
+    QCOMPARE(console->text("$('#errorLabel').text()"),
+             QStringLiteral("Произошла ошибка подключения к серверу!"));
+    // An address that is none falls back to the default server, which a list may lack.
+    console->servers().deleteServer("127.0.0.1", port);
+    console->view().login_tryLogin("admin", "admin", "nonsense");
+    QVERIFY(console->waitFor(modalOpen("modalError")));
+    console->servers().addServer({"127.0.0.1", port, true});
+}
+
+void SessionTest::exitLeavesTheProgram()
+{
+    logIn("admin");
+    QVERIFY(console->view().getView()->isVisible());
+    console->value("wrapper_Global_exit()");
+    QTRY_VERIFY(!console->view().getView()->isVisible());
+    QCOMPARE(Data::tcpClient.getLocalPort(), 0);
+}
+
+int main(int argc, char* argv[])
+{
+    Q_INIT_RESOURCE(web);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    SessionTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "session_test.moc"

@@ -1,0 +1,58 @@
+// Dialogs that are a title, a text and one or two buttons.
+
+function dialogButton(button, kind) {
+    return $("<button type='button' class='btn'>")
+        .addClass("btn-" + (button.kind || "default"))
+        .addClass(kind)
+        .text(button.text)
+        .on("click", function () {
+            $(this).closest(".modal").modal("hide");
+            if (button.action) {
+                button.action();
+            }
+        });
+}
+
+// Declares a dialog of the fragment that is being loaded, and the global function `name` that opens
+// it. The dialog and the function go with the fragment.
+//   id        of the dialog, if it isn't the name of the function
+//   title     the bar's text
+//   text      one line, or an array of lines
+//   argument  id of an element behind the text that shows the function's argument
+//   accept    {text: "Ок", kind: "primary", action: function}, all of it optional
+//   cancel    the second button, if there is one: {text: "Отмена", action: function}
+function notice(name, options) {
+    var region = loadingRegion || "body";
+    var body = $("<div class='modal-body'>");
+    [].concat(options.text || []).forEach(function (line) {
+        body.append($("<p>").text(line));
+    });
+    if (options.argument) {
+        body.append($("<p>").attr("id", options.argument));
+    }
+    var accept = $.extend({text: "Ок", kind: "primary"}, options.accept);
+    var footer = $("<div class='modal-footer'>");
+    if (options.cancel) {
+        footer.append(dialogButton($.extend({text: "Отмена"}, options.cancel), "cancel"));
+    }
+    footer.append(dialogButton(accept, options.cancel ? "accept" : "accept cancel"));
+    var dialog = $("<div class='modal fade' tabindex='-1' data-backdrop='static' data-keyboard='false'>")
+        .attr("id", options.id || name)
+        .append(
+            $("<div class='modal-dialog'>").append(
+                $("<div class='modal-content'>").append(
+                    $("<div class='modal-header'>").append($("<h4 class='modal-title'>").text(options.title)),
+                    body,
+                    footer
+                )
+            )
+        );
+    $(region).append(dialog);
+    (regionNotices[region] = regionNotices[region] || []).push(name);
+    window[name] = function (argument) {
+        if (options.argument) {
+            $("#" + options.argument).text(argument);
+        }
+        dialog.modal("show");
+    };
+}

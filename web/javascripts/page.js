@@ -1,0 +1,122 @@
+// The loaders of the frame's regions, and what every dialog has in common.
+
+var regionLoads = {}; // per region, the number of the load that counts
+var regionNotices = {}; // per region, the functions of the notices that its fragment declared
+var loadingRegion = null; // the region whose fragment is being put in
+
+function openRegionFragment(region, text) {
+    $(region).find(".modal.in").removeClass("fade").modal("hide");
+    (regionNotices[region] || []).forEach(function (name) {
+        delete window[name];
+    });
+    regionNotices[region] = [];
+    loadingRegion = region;
+    $(region).html(text);
+    loadingRegion = null;
+}
+
+// Fills a region with a fragment, or empties it where there is none. Of two loads under way the
+// later one counts.
+function loadRegion(region, path) {
+    var load = (regionLoads[region] || 0) + 1;
+    regionLoads[region] = load;
+    $.ajax({url: path, dataType: "html"}).always(function (first, status) {
+        var text = status === "success" ? first : first.responseText;
+        if (regionLoads[region] === load) {
+            openRegionFragment(region, text || "");
+        }
+    });
+}
+
+function loadTopMenu(name) {
+    loadRegion("#top_menu", "menu/top/" + name + ".html");
+}
+
+function loadSideMenu(name) {
+    loadRegion("#side_menu", "menu/side/" + name + ".html");
+}
+
+function loadMainBody(name) {
+    loadRegion("#main", name + ".html");
+}
+
+function loadBotMenu(name) {
+    loadRegion("#bot_menu", "menu/bot/" + name + ".html");
+}
+
+function loadModal(name) {
+    loadRegion("#modal", "modal/" + name + ".html");
+}
+
+function loadBlock() {
+    loadRegion("#block", "modal/block.html");
+    loadRegion("#microphoneBlock", "modal/microphone_access.html");
+    loadRegion("#warningBlock", "modal/warning_access.html");
+}
+
+function loadHomePage() {
+    loadSideMenu("zone_list");
+    loadMainBody("device_list");
+    loadBotMenu("device_list");
+    loadTopMenu("device_list");
+}
+
+// Marks a tab as the one on show.
+function showTab(id) {
+    $(".top_menu div").hide();
+    $(".top_tab").removeClass("active");
+    $("#" + id).addClass("active");
+    $("#" + id + "_label").show();
+}
+
+// Native code switches a page by itself: the tab follows once the page's top menu is there.
+function changeMenu(id) {
+    setTimeout(function () {
+        showTab(id);
+    }, 500);
+}
+
+// The bottom bar of an area that "Назад" leaves for the home page.
+function buildBackBar() {
+    $("<button type='button' id='back' class='btn btn-default'>")
+        .append($("<i class='fa fa-chevron-left'>"), document.createTextNode(" Назад"))
+        .on("click", loadHomePage)
+        .prependTo("#bot_menu");
+}
+
+// Waits until native code has published its object.
+function whenWrapperIsThere(action) {
+    if (typeof wrapper === "undefined") {
+        setTimeout(function () {
+            whenWrapperIsThere(action);
+        }, 100);
+    } else {
+        action();
+    }
+}
+
+// In every dialog the focus goes to the first field or button, Enter accepts and Esc cancels where
+// the dialog has a button for it.
+$(document).on("shown.bs.modal", ".modal", function () {
+    var fields = $(this).find("input:visible:enabled, select:visible:enabled");
+    (fields.length ? fields : $(this).find(".modal-footer .btn:visible").last()).first().focus();
+});
+
+$(document).on("keydown.dialog", ".modal.in", function (event) {
+    var button = event.which === 13 ? ".accept" : event.which === 27 ? ".cancel" : null;
+    if (button && !$(event.target).is("button, textarea, .select2-selection")) {
+        $(this).find(button + ":visible:enabled").first().click();
+        event.preventDefault();
+    } else if (event.which === 27) {
+        $(this).find(".cancel:visible:enabled").first().click();
+    }
+});
+
+// A dialog on top of another takes the focus with it when it goes.
+$(document).on("hidden.bs.modal", ".modal", function () {
+    var below = $(".modal.in").last();
+    if (below.length) {
+        $("body").addClass("modal-open");
+        below.find("input:visible:enabled, .btn:visible").first().focus();
+    }
+});

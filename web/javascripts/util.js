@@ -1,0 +1,41 @@
+// Small helpers of many pages.
+
+String.prototype.insertAt = function (index, string) {
+    return this.substr(0, index) + string + this.substr(index);
+};
+
+// A long text without a blank gets one in its middle, so that it can wrap.
+String.prototype.splitByLength = function () {
+    if (this.length > 30 && this.indexOf(" ") === -1) {
+        return this.insertAt(Math.floor(this.length / 2), " ");
+    }
+    return this.toString();
+};
+
+// The keys of a name field that are refused, by code: with shift, or with or without it.
+var refusedWithShift = {50: "@", 54: "^", 55: "&", 188: "<", 190: ">"};
+var refusedAlways = {191: "/", 220: "\\", 222: "'\""};
+
+// Bound to onkeydown of name fields: refuses the characters that a name may not hold.
+function checkValue(object, event) {
+    return !(event.keyCode in refusedAlways) && !(event.shiftKey && event.keyCode in refusedWithShift);
+}
+
+// Bound to onkeyup of name fields: a name has 32 characters at the most.
+function checkValueSize(object) {
+    if (object.value.length > 32) {
+        object.value = object.value.substr(0, 32);
+    }
+}
+
+// Bound to onkeydown of number fields: control keys, digits and the numeric keypad.
+function checkNumber(object, event) {
+    var code = event.keyCode;
+    return code < 47 || (!event.shiftKey && code >= 48 && code <= 57) || (code >= 96 && code <= 105);
+}
+
+// Bound to onkeyup of number fields: digits only, 255 at the most.
+function checkNumberSize(object) {
+    var digits = object.value.replace(/\D/g, "");
+    object.value = digits !== "" && Number(digits) > 255 ? "255" : digits;
+}
