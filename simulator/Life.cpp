@@ -1,6 +1,5 @@
 #include "simulator/Life.h"
 
-#include "simulator/EventLog.h"
 #include "simulator/Server.h"
 #include "simulator/commands/Context.h"
 
@@ -50,36 +49,18 @@ void Life::step()
     endTracks();
     const QVector<Unit>& units = server.installation().allUnits();
     if (!units.isEmpty() && chance.bounded(stepsPerDrop) == 0) {
-        dropUnit(*server.installation().unit(units.at(chance.bounded(units.size())).id));
+        server.changeLink(units.at(chance.bounded(units.size())).id, Link::No);
     }
 }
 
-void Life::dropUnit(Unit& unit)
-{
-    if (unit.link == Link::No) {
-        return;
-    }
-    qCInfo(events) << "Unit" << unit.id << "is lost";
-    unit.link = Link::No;
-    server.tellUnit(unit.id);
-}
-
-/// Lost units come back in two stages; one that carries a playback joins it again.
+/// Lost units come back in two stages.
 void Life::reconnect()
 {
     for (const Unit& known : server.installation().allUnits()) {
         if (known.link == Link::Bidirectional || chance.bounded(stepsToReturn) != 0) {
             continue;
         }
-        Unit& unit = *server.installation().unit(known.id);
-        unit.link = unit.link == Link::No ? Link::Incoming : Link::Bidirectional;
-        server.tellUnit(unit.id);
-        if (unit.link == Link::Bidirectional) {
-            qCInfo(events) << "Unit" << unit.id << "is back";
-            if (unit.playback > 0) {
-                server.broadcast(makePush("playback", "play"));
-            }
-        }
+        server.changeLink(known.id, known.link == Link::No ? Link::Incoming : Link::Bidirectional);
     }
 }
 

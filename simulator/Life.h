@@ -8,7 +8,6 @@ namespace simulator
 {
 
 class Server;
-struct Unit;
 
 /// What happens of itself: units drop and come back, batteries drain and charge, tracks end.
 class Life : public QObject
@@ -23,9 +22,6 @@ public:
     void start();
     /// One step: moves the units under way on, and now and then begins something new.
     void step();
-
-    /// A unit loses its connection and comes back some steps later.
-    void dropUnit(Unit& unit);
 
 private:
     void reconnect();

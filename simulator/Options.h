@@ -17,7 +17,7 @@ struct Options {
     bool quiet = false;
     quint32 seed = 0;
     bool announce = true;
-    QString announceInterface; ///< name or address, empty for the loopback interface
+    QString announceInterface; ///< name or address
     QString dataFolder;
 };
 

@@ -100,6 +100,21 @@ void Server::tellUnit(int id)
     }
 }
 
+void Server::changeLink(int id, Link link)
+{
+    Unit* unit = state.unit(id);
+    if (!unit || unit->link == link) {
+        return;
+    }
+    qCInfo(events).noquote() << "Unit" << id << "link" << wordOf(linkWords, link);
+    unit->link = link;
+    tellUnit(id);
+    if (link == Link::Bidirectional && unit->playback > 0) {
+        // The consoles took the unit off its playback when it went.
+        broadcast(makePush("playback", "play"));
+    }
+}
+
 void Server::dropConnections()
 {
     // Dropping a session takes it out of the list under way.

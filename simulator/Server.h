@@ -41,6 +41,8 @@ public:
     void broadcast(const Push& push);
     /// Tells the state of a unit to every logged-in session that sees the unit.
     void tellUnit(int id);
+    /// Connects or loses a unit and tells it; one that carries a playback joins it again.
+    void changeLink(int id, Link link);
 
     void dropConnections();
     /// For all sessions, from their next request on.

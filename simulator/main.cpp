@@ -3,7 +3,9 @@
 #include "simulator/Interrupts.h"
 #include "simulator/Life.h"
 #include "simulator/Options.h"
+#include "simulator/Prompt.h"
 #include "simulator/Server.h"
+#include "simulator/StandardInput.h"
 #include "simulator/fiction/InstallationBuilder.h"
 
 #include <QCoreApplication>
@@ -29,17 +31,10 @@ QString where(const QHostAddress& address, quint16 port)
            QString::number(port);
 }
 
-std::unique_ptr<Announcer> announce(const Options& options, quint16 port)
+void say(const QString& text)
 {
-    const QString wanted =
-        options.announceInterface.isEmpty() ? "127.0.0.1" : options.announceInterface;
-    const auto interface = findInterface(wanted);
-    if (!interface) {
-        qCWarning(events).noquote() << "No announcement: there is no interface" << wanted;
-        return nullptr;
-    }
-    auto announcer = std::make_unique<Announcer>(*interface, port);
-    return announcer->start() ? std::move(announcer) : nullptr;
+    std::printf("%s\n", text.toLocal8Bit().constData());
+    std::fflush(stdout);
 }
 
 } // namespace
@@ -60,6 +55,10 @@ int main(int argc, char** argv)
     if (!identity) {
         return fail(problem);
     }
+    const auto interface = findInterface(options->announceInterface);
+    if (options->announce && !interface) {
+        return fail("There is no network interface " + options->announceInterface);
+    }
     Server server(buildInstallation(options->devices, options->seed), std::move(*identity));
     if (!server.listen(options->address, options->port)) {
         return fail(where(options->address, options->port) + ": " + server.errorString());
@@ -67,14 +66,24 @@ int main(int argc, char** argv)
     if (!watchInterrupts(&application, [] { QCoreApplication::quit(); })) {
         return fail("No pipe for the signals");
     }
-    std::printf("Listening on %s\n", where(server.address(), server.port()).toLatin1().constData());
-    std::fflush(stdout);
+    say("Listening on " + where(server.address(), server.port()));
     qCInfo(events) << options->devices << "units, seed" << options->seed;
 
-    const auto announcer = options->announce ? announce(*options, server.port()) : nullptr;
+    std::optional<Announcer> announcer;
+    if (options->announce) {
+        announcer.emplace(*interface, server.port());
+        announcer->start();
+    }
     Life life(server, options->seed);
     if (!options->quiet) {
         life.start();
     }
+    Prompt prompt(server);
+    const StandardInput input([&prompt](const QString& line) {
+        const QString answer = prompt.execute(line);
+        if (!answer.isEmpty()) {
+            say(answer);
+        }
+    });
     return application.exec();
 }
