@@ -6,9 +6,21 @@
 #include <QFile>
 #include <QSettings>
 #include <QStandardPaths>
-#include <QTextStream>
+#include <QTextCodec>
 
 #include <cstdio>
+
+namespace
+{
+
+constexpr int utf8Mib = 106; // the registered number of the code page UTF-8
+
+char digit(int number)
+{
+    return static_cast<char>('0' + number % 10);
+}
+
+} // namespace
 
 Logger::Logger() = default;
 Logger::~Logger() = default;
@@ -51,10 +63,11 @@ void Logger::message(const QString& text, int level)
         return;
     }
     if (port && *port != 0) {
-        line += QLatin1Char('[') + QString::number(*port) + QLatin1String("] ");
+        line += QLatin1Char('[');
+        line += QString::number(*port);
+        line += QLatin1String("] ");
     }
-    line += timeToSecond;
-    line += QString::number(millisecond).rightJustified(3, QLatin1Char('0')) + QLatin1String("] ");
+    appendTime();
     line += text;
     writeLine();
 }
@@ -99,18 +112,28 @@ void Logger::openFile()
     file = std::make_unique<QFile>(folder + QLatin1Char('/') + today + QStringLiteral(".txt"));
     file->open(QIODevice::ReadWrite | QIODevice::Append | QIODevice::Text);
     date = today;
-    line = timeToSecond + QString::number(millisecond).rightJustified(3, QLatin1Char('0')) +
-           QLatin1String("] ") + file->fileName();
+    appendTime();
+    line += file->fileName();
     writeLine();
+}
+
+void Logger::appendTime()
+{
+    const char rest[] = {digit(millisecond / 100), digit(millisecond / 10), digit(millisecond), ']',
+                         ' '};
+    line += timeToSecond;
+    line += QLatin1String(rest, sizeof(rest));
 }
 
 void Logger::writeLine()
 {
-    const QByteArray echo = line.toUtf8() + '\n';
+    line += QLatin1Char('\n');
+    const QByteArray echo = line.toUtf8();
     std::fwrite(echo.constData(), 1, static_cast<std::size_t>(echo.size()), stdout);
     std::fflush(stdout);
     if (file->isOpen()) {
-        QTextStream(file.get()) << line << '\n';
+        const QTextCodec* const local = QTextCodec::codecForLocale();
+        file->write(local->mibEnum() == utf8Mib ? echo : local->fromUnicode(line));
     }
     line.resize(0); // keeps the memory for the next line
 }

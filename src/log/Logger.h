@@ -40,6 +40,7 @@ public:
 private:
     void takeTime();
     void openFile();
+    void appendTime();
     void writeLine();
 
     QString line;
