@@ -58,28 +58,43 @@ bool Logger::isWritten(int level) const
 
 void Logger::message(const QString& text, int level)
 {
-    dateCheck();
-    if (!isWritten(level)) {
-        return;
+    if (accepts(level)) {
+        writeMessage(text);
     }
-    if (port && *port != 0) {
-        line += QLatin1Char('[');
-        line += QString::number(*port);
-        line += QLatin1String("] ");
-    }
-    appendTime();
-    line += text;
-    writeLine();
 }
 
 void Logger::message(const QByteArray& text, int level)
 {
-    message(QString::fromUtf8(text), level);
+    if (accepts(level)) {
+        writeMessage(QString::fromUtf8(text));
+    }
 }
 
 void Logger::message(const char* text, int level)
 {
-    message(QString::fromUtf8(text), level);
+    if (accepts(level)) {
+        writeMessage(QString::fromUtf8(text));
+    }
+}
+
+bool Logger::accepts(int level)
+{
+    dateCheck();
+    return isWritten(level);
+}
+
+void Logger::writeMessage(const QString& text)
+{
+    const int shownPort = port ? *port : 0;
+    if (shownPort != bracketPort) {
+        bracketPort = shownPort;
+        portBracket =
+            shownPort == 0 ? QString() : QStringLiteral("[%1] ").arg(QString::number(shownPort));
+    }
+    line += portBracket;
+    appendTime();
+    line += text;
+    writeLine();
 }
 
 void Logger::takeTime()

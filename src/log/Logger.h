@@ -38,6 +38,8 @@ public:
     void dateCheck();
 
 private:
+    bool accepts(int level);
+    void writeMessage(const QString& text);
     void takeTime();
     void openFile();
     void appendTime();
@@ -51,7 +53,9 @@ private:
     const bool* debug = nullptr;
     QString date;
 
-    // The clock's text changes once a second and is dear to format, so it is kept.
+    // These texts change seldom and are dear to format, so they are kept.
+    int bracketPort = 0;
+    QString portBracket;
     qint64 second = -1;
     int millisecond = 0;
     QString today;

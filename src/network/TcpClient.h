@@ -73,5 +73,6 @@ private:
     int waitingAnswers = 0;
     int connectionCount = 0; ///< tells a read whose connection has ended while it was handled
     bool writingScheduled = false;
+    bool reading = false; ///< objects are being handled; what they write leaves after each
     std::function<void()> onSessionEnd;
 };
