@@ -145,10 +145,23 @@ void Logger::writeLine()
     line += QLatin1Char('\n');
     const QByteArray echo = line.toUtf8();
     std::fwrite(echo.constData(), 1, static_cast<std::size_t>(echo.size()), stdout);
-    std::fflush(stdout);
+    flushEcho();
     if (file->isOpen()) {
         const QTextCodec* const local = QTextCodec::codecForLocale();
         file->write(local->mibEnum() == utf8Mib ? echo : local->fromUnicode(line));
     }
     line.resize(0); // keeps the memory for the next line
+}
+
+void Logger::flushEcho() const
+{
+    if (openBursts == 0) {
+        std::fflush(stdout);
+    }
+}
+
+Logger::Burst::~Burst()
+{
+    --logger.openBursts;
+    logger.flushEcho();
 }

@@ -31,6 +31,20 @@ public:
     void message(const QByteArray& text, int level = 0);
     void message(const char* text, int level = 0);
 
+    /// Lines that are logged in one go, with nothing between them that could fail: standard output
+    /// is flushed once, behind the last.
+    class Burst
+    {
+    public:
+        explicit Burst(Logger& burstLogger) : logger(burstLogger) { ++logger.openBursts; }
+        ~Burst();
+        Burst(const Burst&) = delete;
+        Burst& operator=(const Burst&) = delete;
+
+    private:
+        Logger& logger;
+    };
+
     /// Whether a line of that level would be written; for texts that are dear to build.
     bool isWritten(int level) const;
 
@@ -44,6 +58,7 @@ private:
     void openFile();
     void appendTime();
     void writeLine();
+    void flushEcho() const;
 
     QString line;
     const LogSettings* settings = nullptr;
@@ -52,6 +67,7 @@ private:
     std::unique_ptr<QFile> file;
     const bool* debug = nullptr;
     QString date;
+    int openBursts = 0;
 
     // These texts change seldom and are dear to format, so they are kept.
     int bracketPort = 0;

@@ -136,8 +136,16 @@ void TcpClient::send(const QByteArray& text)
     socket->flush();
     peerWatch.dataWritten();
     // Looked at and logged while the message is on its way: the server needn't wait for that.
+    if (logSent(text)) {
+        ++waitingAnswers;
+    }
+}
+
+bool TcpClient::logSent(const QByteArray& text)
+{
     const QJsonObject message = QJsonDocument::fromJson(text).object();
     const bool expectsAnswer = message.value(QLatin1String("request")).isString();
+    const Logger::Burst burst(Data::logger);
     Data::logger.message(QStringLiteral("Output message: "));
     if (expectsAnswer) {
         Data::logger.message(QStringLiteral("Protocol: ") +
@@ -148,8 +156,8 @@ void TcpClient::send(const QByteArray& text)
     Data::logger.message(text, LogLevel::Debug);
     if (expectsAnswer) {
         Data::logger.message("Waiting for answer", LogLevel::Debug);
-        ++waitingAnswers;
     }
+    return expectsAnswer;
 }
 
 void TcpClient::readMessage()

@@ -63,6 +63,8 @@ private:
     void received(const QByteArray& text);
     void releaseQueue();
     void send(const QByteArray& text);
+    /// Logs a sent message and tells whether it expects an answer.
+    static bool logSent(const QByteArray& text);
 
     QVector<QByteArray> messages;
     NetworkParser* parser = nullptr;
