@@ -6,10 +6,22 @@
 #include <QFile>
 #include <QSettings>
 #include <QStandardPaths>
-#include <QTextStream>
+#include <QTextCodec>
 
 #include <cstdio>
 #include <utility>
+
+namespace
+{
+
+constexpr int utf8Mib = 106; // the registered number of the code page UTF-8
+
+char digit(int number)
+{
+    return static_cast<char>('0' + number % 10);
+}
+
+} // namespace
 
 Logger::Logger() : clock(QDateTime::currentMSecsSinceEpoch)
 {
@@ -54,27 +66,43 @@ bool Logger::isWritten(int level) const
 
 void Logger::message(const QString& text, int level)
 {
-    dateCheck();
-    if (!isWritten(level)) {
-        return;
+    if (accepts(level)) {
+        writeMessage(text);
     }
-    if (port && *port != 0) {
-        line += QLatin1Char('[') + QString::number(*port) + QLatin1String("] ");
-    }
-    line += timeToSecond;
-    line += QString::number(millisecond).rightJustified(3, QLatin1Char('0')) + QLatin1String("] ");
-    line += text;
-    writeLine();
 }
 
 void Logger::message(const QByteArray& text, int level)
 {
-    message(QString::fromUtf8(text), level);
+    if (accepts(level)) {
+        writeMessage(QString::fromUtf8(text));
+    }
 }
 
 void Logger::message(const char* text, int level)
 {
-    message(QString::fromUtf8(text), level);
+    if (accepts(level)) {
+        writeMessage(QString::fromUtf8(text));
+    }
+}
+
+bool Logger::accepts(int level)
+{
+    dateCheck();
+    return isWritten(level);
+}
+
+void Logger::writeMessage(const QString& text)
+{
+    const int shownPort = port ? *port : 0;
+    if (shownPort != bracketPort) {
+        bracketPort = shownPort;
+        portBracket =
+            shownPort == 0 ? QString() : QStringLiteral("[%1] ").arg(QString::number(shownPort));
+    }
+    line += portBracket;
+    appendTime();
+    line += text;
+    writeLine();
 }
 
 void Logger::takeTime()
@@ -107,18 +135,41 @@ void Logger::openFile()
     file = std::make_unique<QFile>(folder + QLatin1Char('/') + today + QStringLiteral(".txt"));
     file->open(QIODevice::ReadWrite | QIODevice::Append | QIODevice::Text);
     date = today;
-    line = timeToSecond + QString::number(millisecond).rightJustified(3, QLatin1Char('0')) +
-           QLatin1String("] ") + file->fileName();
+    appendTime();
+    line += file->fileName();
     writeLine();
+}
+
+void Logger::appendTime()
+{
+    const char rest[] = {digit(millisecond / 100), digit(millisecond / 10), digit(millisecond), ']',
+                         ' '};
+    line += timeToSecond;
+    line += QLatin1String(rest, sizeof(rest));
 }
 
 void Logger::writeLine()
 {
-    const QByteArray echo = line.toUtf8() + '\n';
+    line += QLatin1Char('\n');
+    const QByteArray echo = line.toUtf8();
     std::fwrite(echo.constData(), 1, static_cast<std::size_t>(echo.size()), stdout);
-    std::fflush(stdout);
+    flushEcho();
     if (file->isOpen()) {
-        QTextStream(file.get()) << line << '\n';
+        const QTextCodec* const local = QTextCodec::codecForLocale();
+        file->write(local->mibEnum() == utf8Mib ? echo : local->fromUnicode(line));
     }
     line.resize(0); // keeps the memory for the next line
+}
+
+void Logger::flushEcho() const
+{
+    if (openBursts == 0) {
+        std::fflush(stdout);
+    }
+}
+
+Logger::Burst::~Burst()
+{
+    --logger.openBursts;
+    logger.flushEcho();
 }

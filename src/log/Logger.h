@@ -34,6 +34,20 @@ public:
     void message(const QByteArray& text, int level = 0);
     void message(const char* text, int level = 0);
 
+    /// Lines that are logged in one go, with nothing between them that could fail: standard output
+    /// is flushed once, behind the last.
+    class Burst
+    {
+    public:
+        explicit Burst(Logger& burstLogger) : logger(burstLogger) { ++logger.openBursts; }
+        ~Burst();
+        Burst(const Burst&) = delete;
+        Burst& operator=(const Burst&) = delete;
+
+    private:
+        Logger& logger;
+    };
+
     /// Whether a line of that level would be written; for texts that are dear to build.
     bool isWritten(int level) const;
 
@@ -41,9 +55,13 @@ public:
     void dateCheck();
 
 private:
+    bool accepts(int level);
+    void writeMessage(const QString& text);
     void takeTime();
     void openFile();
+    void appendTime();
     void writeLine();
+    void flushEcho() const;
 
     QString line;
     const LogSettings* settings = nullptr;
@@ -52,10 +70,13 @@ private:
     std::unique_ptr<QFile> file;
     const bool* debug = nullptr;
     QString date;
+    int openBursts = 0;
 
     std::function<qint64()> clock;
 
-    // The clock's text changes once a second and is dear to format, so it is kept.
+    // These texts change seldom and are dear to format, so they are kept.
+    int bracketPort = 0;
+    QString portBracket;
     qint64 second = -1;
     int millisecond = 0;
     QString today;

@@ -1,5 +1,9 @@
 #include "network/JsonStreamSplitter.h"
 
+#include "network/JsonBlock.h"
+
+#include <QtAlgorithms>
+
 #include <array>
 
 namespace
@@ -109,6 +113,15 @@ bool JsonStreamSplitter::scanNested()
     const char* const data = buffer.constData();
     const int size = buffer.size();
     while (scan < size) {
+        if (place == Place::InObject && !escaped && size - scan >= JsonBlock::size) {
+            const JsonBlock block(data + scan);
+            if (block.backslashes == 0) {
+                if (takeBlock(block)) {
+                    return true;
+                }
+                continue;
+            }
+        }
         if (inString) {
             skipString();
             continue;
@@ -138,6 +151,24 @@ bool JsonStreamSplitter::scanNested()
     return false;
 }
 
+/// Goes over a block without escapes. True if the object has just ended in it.
+bool JsonStreamSplitter::takeBlock(const JsonBlock& block)
+{
+    const char* const data = buffer.constData() + scan;
+    const quint64 strings = block.strings(inString);
+    for (quint64 left = block.brackets & ~strings; left != 0; left &= left - 1) {
+        const int at = static_cast<int>(qCountTrailingZeroBits(left));
+        takeBracket(data[at]);
+        if (expected.empty()) {
+            scan += at + 1;
+            return true;
+        }
+    }
+    inString = strings >> (JsonBlock::size - 1) != 0;
+    scan += JsonBlock::size;
+    return false;
+}
+
 void JsonStreamSplitter::skipString()
 {
     const char* const data = buffer.constData();
@@ -145,26 +176,21 @@ void JsonStreamSplitter::skipString()
     // A string between objects is no part of any, so a quote that never closes must not swallow
     // all that follows: a raw control character, which no string may hold, ends it too.
     const bool endsAtControl = place == Place::InGarbage && expected.empty();
-    if (escaped && scan < size) {
-        ++scan;
+    int at = scan; // a local: the member would be stored again for each byte
+    if (escaped && at < size) {
+        ++at;
         escaped = false;
     }
-    for (; scan < size; ++scan) {
-        const char byte = data[scan];
+    while (at < size && inString) {
+        const char byte = data[at++];
         if (byte == '"' || (endsAtControl && static_cast<unsigned char>(byte) < 0x20)) {
-            ++scan;
             inString = false;
-            return;
-        }
-        if (byte == '\\') {
-            if (scan + 1 == size) {
-                ++scan;
-                escaped = true;
-                return;
-            }
-            ++scan;
+        } else if (byte == '\\') {
+            escaped = at == size;
+            at += escaped ? 0 : 1;
         }
     }
+    scan = at;
 }
 
 void JsonStreamSplitter::takeBracket(char byte)

@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <vector>
 
+struct JsonBlock;
+
 /// Cuts a stream of bytes into whole top-level JSON objects.
 ///
 /// Strings, escapes and nesting are tracked, each byte is looked at once, and a call may bring any
@@ -44,6 +46,7 @@ private:
 
     Found leaveBetween(char byte);
     bool scanNested();
+    bool takeBlock(const JsonBlock& block);
     void skipString();
     void takeBracket(char byte);
     void enter(Place next);

@@ -6,6 +6,7 @@
 #include "network/Fields.h"
 
 #include <QJsonDocument>
+#include <QStringBuilder>
 
 #include <utility>
 
@@ -56,9 +57,9 @@ QByteArray NetworkParser::writeJson(int protocolId, int commandId, const QJsonOb
 
 QByteArray NetworkParser::acknowledgement(int order)
 {
-    return QJsonDocument(QJsonObject{{QStringLiteral("order"), order},
-                                     {QStringLiteral("response"), QStringLiteral("success")}})
-        .toJson();
+    // Written out in the indented form of all our messages: every push costs one.
+    return "{\n    \"order\": " % QByteArray::number(order) %
+           ",\n    \"response\": \"success\"\n}\n";
 }
 
 void NetworkParser::reset()
@@ -101,6 +102,18 @@ void NetworkParser::parsePush(const QJsonObject& message)
     }
 }
 
+void NetworkParser::logReply(const QJsonObject& message, const QString& protocol,
+                             const QString& command, const QString& response) const
+{
+    const Logger::Burst burst(Data::logger);
+    log(QStringLiteral("Packet answer: "));
+    log(QStringLiteral("Order id: ") + QString::number(message.value(packetPrefix).toInt()));
+    log(QStringLiteral("Protocol: ") + protocol);
+    log(QStringLiteral("Command: ") + command);
+    log(QStringLiteral("Response: ") + response);
+    logDocument(message);
+}
+
 std::optional<PacketInfo> NetworkParser::takePacket(const QJsonObject& message)
 {
     const std::optional<int> order = Fields::integer(message.value(packetPrefix));
@@ -124,12 +137,7 @@ void NetworkParser::parseReply(QJsonObject message)
     const NetworkProtocol& protocol = getProtocol(packet->protocolId);
     const NetworkCommand& command = protocol.getNetworkCommand(packet->commandId);
     const QString response = message.value(QLatin1String("response")).toString();
-    log(QStringLiteral("Packet answer: "));
-    log(QStringLiteral("Order id: ") + QString::number(message.value(packetPrefix).toInt()));
-    log(QStringLiteral("Protocol: ") + protocol.getName());
-    log(QStringLiteral("Command: ") + command.getName());
-    log(QStringLiteral("Response: ") + response);
-    logDocument(message);
+    logReply(message, protocol.getName(), command.getName(), response);
     message.insert(QStringLiteral("requestReply"), packet->request);
     if (response == QLatin1String("forbidden") && protocol.getName() != QLatin1String("user") &&
         onForbidden) {

@@ -70,6 +70,8 @@ public:
 private:
     void parsePush(const QJsonObject& message);
     void parseReply(QJsonObject message);
+    void logReply(const QJsonObject& message, const QString& protocol, const QString& command,
+                  const QString& response) const;
     std::optional<PacketInfo> takePacket(const QJsonObject& message);
 
     std::vector<std::unique_ptr<NetworkProtocol>> protocols;

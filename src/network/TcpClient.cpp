@@ -7,6 +7,7 @@
 
 #include <QHostAddress>
 #include <QJsonDocument>
+#include <QScopedValueRollback>
 #include <QSslError>
 #include <QSslSocket>
 
@@ -105,7 +106,7 @@ void TcpClient::write(const QByteArray& message)
 
 void TcpClient::scheduleWriting()
 {
-    if (!writingScheduled) {
+    if (!writingScheduled && !reading) {
         writingScheduled = true;
         QMetaObject::invokeMethod(
             this,
@@ -131,9 +132,21 @@ void TcpClient::writeMessage()
 
 void TcpClient::send(const QByteArray& text)
 {
+    socket->write(text);
+    socket->flush();
+    peerWatch.dataWritten();
+    // Looked at and logged while the message is on its way: the server needn't wait for that.
+    if (logSent(text)) {
+        ++waitingAnswers;
+    }
+}
+
+bool TcpClient::logSent(const QByteArray& text)
+{
     const QJsonObject message = QJsonDocument::fromJson(text).object();
     const bool expectsAnswer = message.value(QLatin1String("request")).isString();
-    Data::logger.message("Output message: ");
+    const Logger::Burst burst(Data::logger);
+    Data::logger.message(QStringLiteral("Output message: "));
     if (expectsAnswer) {
         Data::logger.message(QStringLiteral("Protocol: ") +
                              message.value(QLatin1String("request")).toString());
@@ -141,18 +154,17 @@ void TcpClient::send(const QByteArray& text)
                              message.value(QLatin1String("action")).toString());
     }
     Data::logger.message(text, LogLevel::Debug);
-    socket->write(text);
-    socket->flush();
-    peerWatch.dataWritten();
     if (expectsAnswer) {
         Data::logger.message("Waiting for answer", LogLevel::Debug);
-        ++waitingAnswers;
     }
+    return expectsAnswer;
 }
 
 void TcpClient::readMessage()
 {
     const int connection = connectionCount;
+    // What the handlers write leaves right after them; nobody else needs to be called for it.
+    const QScopedValueRollback<bool> inRead(reading, true);
     splitter.feed(socket->readAll());
     for (;;) {
         switch (splitter.next()) {
@@ -173,10 +185,10 @@ void TcpClient::readMessage()
             exit();
             return;
         }
+        writeMessage();
         if (connection != connectionCount) {
             return; // the session has ended in a handler; what follows belonged to it
         }
-        writeMessage();
     }
 }
 

@@ -63,6 +63,8 @@ private:
     void received(const QByteArray& text);
     void releaseQueue();
     void send(const QByteArray& text);
+    /// Logs a sent message and tells whether it expects an answer.
+    static bool logSent(const QByteArray& text);
 
     QVector<QByteArray> messages;
     NetworkParser* parser = nullptr;
@@ -73,5 +75,6 @@ private:
     int waitingAnswers = 0;
     int connectionCount = 0; ///< tells a read whose connection has ended while it was handled
     bool writingScheduled = false;
+    bool reading = false; ///< objects are being handled; what they write leaves after each
     std::function<void()> onSessionEnd;
 };
