@@ -1,5 +1,5 @@
-#include "simulator/commands/Arrays.h"
 #include "simulator/commands/CommandTable.h"
+#include "simulator/commands/PlayFields.h"
 
 namespace simulator
 {
@@ -9,17 +9,12 @@ namespace
 
 QJsonObject describe(const Preset& preset)
 {
-    return {{"id", preset.id},
-            {"title", preset.title},
-            {"type", preset.type},
-            {"playlistId", preset.playlist},
-            {"target", preset.track},
-            {"position", preset.position},
-            {"targetPlaying", preset.targetPlaying},
-            {"repeats", preset.repeats},
-            {"actionIfEnd", preset.actionIfEnd},
-            {"zones", toArray(preset.zones)},
-            {"devices", toArray(preset.units)}};
+    QJsonObject fields{{"id", preset.id},        {"title", preset.title},
+                       {"type", preset.type},    {"playlistId", preset.playlist},
+                       {"target", preset.track}, {"position", preset.position}};
+    insert(fields, preset.targets);
+    insert(fields, preset.repetition);
+    return fields;
 }
 
 QJsonObject list(Context& context, const QJsonObject&)

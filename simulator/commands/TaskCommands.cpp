@@ -1,5 +1,5 @@
-#include "simulator/commands/Arrays.h"
 #include "simulator/commands/CommandTable.h"
+#include "simulator/commands/PlayFields.h"
 
 namespace simulator
 {
@@ -9,23 +9,21 @@ namespace
 
 QJsonObject describe(const Task& task)
 {
-    return {{"id", task.id},
-            {"title", task.title},
-            {"enable", task.enabled},
-            {"event", task.play ? "play" : "stop"},
-            {"eventId", task.target},
-            {"trackId", task.track},
-            {"frequency", task.frequency},
-            {"step", 1},
-            {"days", task.days},
-            {"startDate", task.startDate},
-            {"startTime", task.startTime},
-            {"endDate", task.endDate},
-            {"targetPlaying", task.targetPlaying},
-            {"repeats", task.repeats},
-            {"actionIfEnd", task.actionIfEnd},
-            {"zones", toArray(task.zones)},
-            {"devices", toArray(task.units)}};
+    QJsonObject fields{{"id", task.id},
+                       {"title", task.title},
+                       {"enable", task.enabled},
+                       {"event", task.play ? "play" : "stop"},
+                       {"eventId", task.target},
+                       {"trackId", task.track},
+                       {"frequency", task.frequency},
+                       {"step", 1},
+                       {"days", task.days},
+                       {"startDate", task.startDate},
+                       {"startTime", task.startTime},
+                       {"endDate", task.endDate}};
+    insert(fields, task.targets);
+    insert(fields, task.repetition);
+    return fields;
 }
 
 QJsonObject list(Context& context, const QJsonObject&)
