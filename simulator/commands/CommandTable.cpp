@@ -18,7 +18,7 @@ QHash<Key, Command> makeTable()
     for (const auto& protocol :
          {userCommands(), roleCommands(), helperCommands(), serverCommands(), logCommands(),
           deviceCommands(), deviceMemoryCommands(), zoneCommands(), playbackCommands(),
-          presetCommands(), taskCommands()}) {
+          playbackControlCommands(), presetCommands(), taskCommands()}) {
         for (const Command& command : protocol) {
             table.insert({command.protocol, command.action}, command);
         }

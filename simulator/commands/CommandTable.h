@@ -30,6 +30,7 @@ Commands deviceCommands();
 Commands deviceMemoryCommands();
 Commands zoneCommands();
 Commands playbackCommands();
+Commands playbackControlCommands();
 Commands presetCommands();
 Commands taskCommands();
 

@@ -1,5 +1,7 @@
 #include "simulator/commands/PlayFields.h"
 
+#include <algorithm>
+
 namespace simulator
 {
 
@@ -10,6 +12,31 @@ QJsonArray toArray(const QVector<int>& ids)
         array.append(id);
     }
     return array;
+}
+
+QVector<int> fromArray(const QJsonValue& array)
+{
+    constexpr int none = -1;
+    QVector<int> ids;
+    for (const QJsonValue& value : array.toArray()) {
+        if (value.toInt(none) != none) {
+            ids.append(value.toInt());
+        }
+    }
+    return ids;
+}
+
+Repetition repetitionIn(const QJsonObject& fields)
+{
+    Repetition repetition;
+    if (fields.value("targetPlaying") == "track") {
+        repetition.target = "track";
+    }
+    if (fields.value("actionIfEnd") == "pause") {
+        repetition.atEnd = "pause";
+    }
+    repetition.repeats = std::max(fields.value("repeats").toInt(), 0);
+    return repetition;
 }
 
 void insert(QJsonObject& fields, const Repetition& repetition)

@@ -3,6 +3,7 @@
 #include "simulator/fiction/Fleet.h"
 #include "simulator/fiction/Library.h"
 #include "simulator/fiction/People.h"
+#include "simulator/state/Transport.h"
 
 namespace simulator
 {
@@ -80,36 +81,22 @@ void addPresets(Installation& installation)
     installation.presets = {evacuation, lobby, closing};
 }
 
-void startPlayback(Installation& installation, Playback playback, const QVector<int>& units)
-{
-    for (int id : units) {
-        if (Unit* unit = installation.unit(id)) {
-            unit->playback = playback.id;
-            playback.units.append(id);
-        }
-    }
-    if (!playback.units.isEmpty()) {
-        playback.since = QDateTime::currentDateTimeUtc();
-        installation.playbacks.append(playback);
-    }
-}
-
 /// What runs when the server starts: the radio in the technical rooms, music at the reception.
 void addPlaybacks(Installation& installation)
 {
-    Playback radio;
-    radio.id = 1;
+    StartOrder radio;
     radio.playlist = 21;
-    radio.track = 101;
-    startPlayback(installation, radio, {21, 23});
-    Playback music;
-    music.id = 2;
+    radio.units = {21, 23};
+    startPlayback(installation, radio);
+    StartOrder music;
     music.playlist = 22;
     music.track = 112;
-    music.position = 40;
-    music.repetition.repeats = 4;
-    music.task = 1;
-    startPlayback(installation, music, {2, 8});
+    music.units = {2, 8};
+    music.repetition.repeats = 99;
+    const StartResult started = startPlayback(installation, music);
+    if (Playback* playback = installation.playback(started.playback)) {
+        playback->task = 1;
+    }
 }
 
 ServerSettings makeServer()

@@ -80,6 +80,11 @@ const Playback* Installation::playback(int id) const
     return byId(playbacks, id);
 }
 
+const Preset* Installation::preset(int id) const
+{
+    return byId(presets, id);
+}
+
 const Role* Installation::role(const QString& name) const
 {
     return byName(roles, name);

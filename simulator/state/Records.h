@@ -111,6 +111,7 @@ struct Playback {
     int position = 0; ///< seconds into the track at `since`
     QDateTime since;
     QVector<int> units; ///< ids it is addressed to
+    int pass = 0;       ///< repeats that are done
     int task = 0;       ///< id of the task that started it, 0 for none
 };
 
