@@ -27,6 +27,7 @@ Commands helperCommands();
 Commands serverCommands();
 Commands logCommands();
 Commands deviceCommands();
+Commands deviceSettingsCommands();
 Commands deviceMemoryCommands();
 Commands zoneCommands();
 Commands playbackCommands();

@@ -17,8 +17,9 @@ QJsonArray toArray(const QVector<int>& ids)
 QVector<int> fromArray(const QJsonValue& array)
 {
     constexpr int none = -1;
+    const QJsonArray values = array.toArray();
     QVector<int> ids;
-    for (const QJsonValue& value : array.toArray()) {
+    for (const QJsonValue& value : values) {
         if (value.toInt(none) != none) {
             ids.append(value.toInt());
         }

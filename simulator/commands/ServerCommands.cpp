@@ -1,12 +1,18 @@
 #include "simulator/commands/CommandTable.h"
 
+#include <QHostAddress>
 #include <QJsonArray>
+
+#include <algorithm>
 
 namespace simulator
 {
 
 namespace
 {
+
+/// Taken by the server's own announcement.
+constexpr int announcementPort = 11991;
 
 QJsonObject getSettings(Context& context, const QJsonObject&)
 {
@@ -25,6 +31,51 @@ QJsonObject getNetworkInterfaceList(Context& context, const QJsonObject&)
     return success({{"list", list}});
 }
 
+bool isIPv4(const QString& text)
+{
+    return QHostAddress(text).protocol() == QAbstractSocket::IPv4Protocol;
+}
+
+/// The empty address stands for the default interface.
+QJsonObject setNetworkInterface(Context& context, const QJsonObject& request)
+{
+    ServerSettings& server = context.installation().server;
+    const QString ip = request.value("ip").toString();
+    const bool known = std::any_of(server.interfaces.begin(), server.interfaces.end(),
+                                   [&ip](const NetworkInterface& one) { return one.ip == ip; });
+    if (!ip.isEmpty() && !known) {
+        return refusal("error");
+    }
+    server.networkInterface = ip;
+    context.pushToOthers(reloadPush("server"));
+    return success();
+}
+
+QJsonObject setMulticastIP(Context& context, const QJsonObject& request)
+{
+    const QString ip = request.value("ip").toString();
+    if (!isIPv4(ip) || !QHostAddress(ip).isMulticast()) {
+        return refusal("error");
+    }
+    context.installation().server.multicastIp = ip;
+    context.pushToOthers(reloadPush("server"));
+    return success();
+}
+
+QJsonObject setCommandPort(Context& context, const QJsonObject& request)
+{
+    const int port = request.value("port").toInt();
+    if (port < 1 || port > 65535) {
+        return refusal("error");
+    }
+    if (port == announcementPort) {
+        return refusal("busy");
+    }
+    context.installation().server.commandPort = port;
+    context.pushToOthers(reloadPush("server"));
+    return success();
+}
+
 } // namespace
 
 Commands serverCommands()
@@ -36,6 +87,9 @@ Commands serverCommands()
          QLatin1String("getNetworkInterfaceList"),
          {Right::Server},
          getNetworkInterfaceList},
+        {server, QLatin1String("setNetworkInterface"), {Right::Server}, setNetworkInterface},
+        {server, QLatin1String("setMulticastIP"), {Right::Server}, setMulticastIP},
+        {server, QLatin1String("setCommandPort"), {Right::Server}, setCommandPort},
     };
 }
 

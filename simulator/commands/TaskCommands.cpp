@@ -48,6 +48,25 @@ QJsonObject getPlays(Context& context, const QJsonObject&)
     return success({{"list", list}});
 }
 
+/// A stop event follows its play event.
+QJsonObject enable(Context& context, const QJsonObject& request)
+{
+    const int id = request.value("id").toInt();
+    bool known = false;
+    for (Task& task : context.installation().tasks) {
+        const bool meant = task.id == id || (!task.play && task.target == id);
+        if (meant && context.access().sees(task)) {
+            task.enabled = request.value("enable").toBool();
+            known = true;
+        }
+    }
+    if (!known) {
+        return refusal("error");
+    }
+    context.pushToOthers(makePush("task", "enable"));
+    return success();
+}
+
 } // namespace
 
 Commands taskCommands()
@@ -56,6 +75,7 @@ Commands taskCommands()
     return {
         {task, QLatin1String("list"), {Right::Session}, list},
         {task, QLatin1String("getPlays"), {Right::Session}, getPlays},
+        {task, QLatin1String("enable"), {Right::Tasks, Level::Administration}, enable},
     };
 }
 
