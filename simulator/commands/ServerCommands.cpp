@@ -1,3 +1,4 @@
+#include "simulator/Announcer.h"
 #include "simulator/commands/CommandTable.h"
 
 #include <QHostAddress>
@@ -10,9 +11,6 @@ namespace simulator
 
 namespace
 {
-
-/// Taken by the server's own announcement.
-constexpr int announcementPort = 11991;
 
 QJsonObject getSettings(Context& context, const QJsonObject&)
 {
@@ -68,7 +66,7 @@ QJsonObject setCommandPort(Context& context, const QJsonObject& request)
     if (port < 1 || port > 65535) {
         return refusal("error");
     }
-    if (port == announcementPort) {
+    if (port == announcementPort) { // taken by the server itself
         return refusal("busy");
     }
     context.installation().server.commandPort = port;
