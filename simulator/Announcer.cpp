@@ -12,7 +12,6 @@ namespace
 {
 
 constexpr int period = 1000; // milliseconds
-constexpr quint16 groupPort = 11991;
 
 QHostAddress group()
 {
@@ -75,7 +74,7 @@ bool Announcer::start()
 
 void Announcer::announce()
 {
-    if (socket.writeDatagram(datagram, group(), groupPort) < 0) {
+    if (socket.writeDatagram(datagram, group(), announcementPort) < 0) {
         qCWarning(events).noquote() << "Announcement failed:" << socket.errorString();
     }
 }

@@ -10,6 +10,9 @@
 namespace simulator
 {
 
+/// UDP port of the announcements.
+constexpr quint16 announcementPort = 11991;
+
 /// The network interface with this name or one of these addresses, nothing for an unknown one.
 std::optional<QNetworkInterface> findInterface(const QString& nameOrAddress);
 

@@ -1,9 +1,7 @@
 #include "simulator/Life.h"
 
 #include "simulator/Server.h"
-#include "simulator/commands/Context.h"
-
-#include <QJsonObject>
+#include "simulator/commands/PlaybackPushes.h"
 
 #include <algorithm>
 
@@ -17,18 +15,6 @@ constexpr int stepLength = 1000; // milliseconds
 constexpr int stepsPerDrop = 15;
 constexpr int stepsToReturn = 6;
 constexpr int stepsPerPercent = 20;
-
-/// The track behind this one in its folder, the first one again behind the last.
-const Track* following(const Installation& installation, const QVector<Track>& tracks, int track)
-{
-    const auto current = std::find_if(tracks.begin(), tracks.end(),
-                                      [track](const Track& one) { return one.id == track; });
-    if (tracks.isEmpty()) {
-        return nullptr;
-    }
-    const bool last = current == tracks.end() || current + 1 == tracks.end();
-    return installation.track(last ? tracks.first().id : (current + 1)->id);
-}
 
 } // namespace
 
@@ -89,26 +75,26 @@ void Life::endTracks()
 {
     Installation& installation = server.installation();
     const QDateTime now = QDateTime::currentDateTimeUtc();
+    QVector<int> over;
     for (Playback& playback : installation.playbacks) {
         const Track* current = installation.track(playback.track);
         if (!playback.playing || !current || current->duration < 0 ||
             installation.positionOf(playback, now) < current->duration) {
             continue;
         }
-        const Track* next =
-            following(installation, installation.tracksOf(playback.playlist), playback.track);
-        if (!next) {
-            continue;
+        switch (finishTrack(installation, playback)) {
+        case TrackEnd::NextTrack:
+        case TrackEnd::Pause:
+            server.broadcast(trackPush(installation, playback));
+            break;
+        case TrackEnd::Stop:
+            over.append(playback.id);
+            break;
         }
-        playback.track = next->id;
-        playback.position = 0;
-        playback.since = now;
-        server.broadcast(makePush("playback", "playNext",
-                                  {{"playbackId", playback.id},
-                                   {"playlistId", playback.playlist},
-                                   {"trackId", playback.track},
-                                   {"timeshift", 0},
-                                   {"playing", true}}));
+    }
+    for (int id : over) {
+        endPlayback(installation, id);
+        server.broadcast(stoppedPush(id));
     }
 }
 

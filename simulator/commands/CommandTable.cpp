@@ -17,8 +17,8 @@ QHash<Key, Command> makeTable()
     QHash<Key, Command> table;
     for (const auto& protocol :
          {userCommands(), roleCommands(), helperCommands(), serverCommands(), logCommands(),
-          deviceCommands(), deviceMemoryCommands(), zoneCommands(), playbackCommands(),
-          presetCommands(), taskCommands()}) {
+          deviceCommands(), deviceSettingsCommands(), deviceMemoryCommands(), zoneCommands(),
+          playbackCommands(), playbackControlCommands(), presetCommands(), taskCommands()}) {
         for (const Command& command : protocol) {
             table.insert({command.protocol, command.action}, command);
         }

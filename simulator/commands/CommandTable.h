@@ -27,9 +27,11 @@ Commands helperCommands();
 Commands serverCommands();
 Commands logCommands();
 Commands deviceCommands();
+Commands deviceSettingsCommands();
 Commands deviceMemoryCommands();
 Commands zoneCommands();
 Commands playbackCommands();
+Commands playbackControlCommands();
 Commands presetCommands();
 Commands taskCommands();
 

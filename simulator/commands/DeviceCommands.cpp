@@ -70,19 +70,6 @@ QJsonObject getConfig(Context& context, const QJsonObject& request)
     return unit ? success(unit->config) : refusal("error");
 }
 
-QJsonObject setVolume(Context& context, const QJsonObject& request)
-{
-    Unit* unit = unitIn(context, request);
-    const int volume = request.value("volume").toInt(-1);
-    if (!unit || unit->link != Link::Bidirectional || volume < 0 || volume > 100) {
-        return refusal("error");
-    }
-    unit->volume = volume;
-    Push push{statePush(context.installation(), *unit), nullptr, unit->id};
-    context.pushToOthers(std::move(push));
-    return success();
-}
-
 QJsonObject listFirmware(Context& context, const QJsonObject&)
 {
     QJsonArray list;
@@ -102,7 +89,6 @@ Commands deviceCommands()
         {device, QLatin1String("getState"), {Right::Session}, getState},
         {device, QLatin1String("getTitle"), {Right::Session}, getTitle},
         {device, QLatin1String("getVolume"), {Right::Session}, getVolume},
-        {device, QLatin1String("setVolume"), {Right::Devices, Level::Control}, setVolume},
         {device, QLatin1String("getEqualizer"), {Right::Session}, getEqualizer},
         {device, QLatin1String("getConfig"), {Right::Session}, getConfig},
         {device, QLatin1String("listFirmware"), {Right::Session}, listFirmware},

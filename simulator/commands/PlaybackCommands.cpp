@@ -1,5 +1,5 @@
-#include "simulator/commands/Arrays.h"
 #include "simulator/commands/CommandTable.h"
+#include "simulator/commands/PlayFields.h"
 
 namespace simulator
 {
@@ -40,18 +40,18 @@ QJsonObject list(Context& context, const QJsonObject&)
 QJsonObject describe(const Installation& installation, const Access& access,
                      const Playback& playback)
 {
-    return {{"playbackId", playback.id},
-            {"playlistId", playback.playlist},
-            {"trackId", playback.track},
-            {"volume", playback.volume},
-            {"playing", playback.playing},
-            {"targetPlaying", playback.targetPlaying},
-            {"repeats", playback.repeats},
-            {"actionIfEnd", playback.actionIfEnd},
-            {"timeshift", installation.positionOf(playback, QDateTime::currentDateTimeUtc())},
-            {"devices", toArray(access.seenUnits(playback.units))},
-            {"zones", QJsonArray()},
-            {"activeDevices", toArray(access.seenUnits(installation.activeUnits(playback)))}};
+    QJsonObject fields{
+        {"playbackId", playback.id},
+        {"playlistId", playback.playlist},
+        {"trackId", playback.track},
+        {"volume", playback.volume},
+        {"playing", playback.playing},
+        {"timeshift", installation.positionOf(playback, QDateTime::currentDateTimeUtc())},
+        {"devices", toArray(access.seenUnits(playback.units))},
+        {"zones", QJsonArray()},
+        {"activeDevices", toArray(access.seenUnits(installation.activeUnits(playback)))}};
+    insert(fields, playback.repetition);
+    return fields;
 }
 
 QJsonObject getPlays(Context& context, const QJsonObject&)

@@ -1,5 +1,7 @@
-#include "simulator/commands/Arrays.h"
 #include "simulator/commands/CommandTable.h"
+#include "simulator/commands/PlayFields.h"
+#include "simulator/commands/PlaybackPushes.h"
+#include "simulator/state/Transport.h"
 
 namespace simulator
 {
@@ -9,17 +11,12 @@ namespace
 
 QJsonObject describe(const Preset& preset)
 {
-    return {{"id", preset.id},
-            {"title", preset.title},
-            {"type", preset.type},
-            {"playlistId", preset.playlist},
-            {"target", preset.track},
-            {"position", preset.position},
-            {"targetPlaying", preset.targetPlaying},
-            {"repeats", preset.repeats},
-            {"actionIfEnd", preset.actionIfEnd},
-            {"zones", toArray(preset.zones)},
-            {"devices", toArray(preset.units)}};
+    QJsonObject fields{{"id", preset.id},        {"title", preset.title},
+                       {"type", preset.type},    {"playlistId", preset.playlist},
+                       {"target", preset.track}, {"position", preset.position}};
+    insert(fields, preset.targets);
+    insert(fields, preset.repetition);
+    return fields;
 }
 
 QJsonObject list(Context& context, const QJsonObject&)
@@ -33,11 +30,52 @@ QJsonObject list(Context& context, const QJsonObject&)
     return success({{"presets", presets}});
 }
 
+/// Each unit once; a preset without targets means all units.
+QVector<int> unitsOf(const Installation& installation, const Targets& targets)
+{
+    QVector<int> units = targets.units;
+    for (int id : targets.zones) {
+        if (const Zone* zone = installation.zone(id)) {
+            units += zone->units;
+        }
+    }
+    if (targets.zones.isEmpty() && targets.units.isEmpty()) {
+        for (const Unit& unit : installation.allUnits()) {
+            units.append(unit.id);
+        }
+    }
+    return units;
+}
+
+QJsonObject play(Context& context, const QJsonObject& request)
+{
+    const Preset* preset = context.installation().preset(request.value("id").toInt());
+    if (!preset || !context.access().sees(*preset)) {
+        return refusal("error");
+    }
+    StartOrder order;
+    order.playlist = preset->playlist;
+    order.track = preset->track;
+    order.units = unitsOf(context.installation(), preset->targets);
+    order.strategy = request.value("strategy").toString();
+    order.repetition = preset->repetition;
+    const StartResult started = startPlayback(context.installation(), order);
+    if (!started.refusal.isEmpty()) {
+        return {{"response", started.refusal}};
+    }
+    pushStarted(context, started, makePush("preset", "start"));
+    return success({{"result", started.playback}});
+}
+
 } // namespace
 
 Commands presetCommands()
 {
-    return {{QLatin1String("preset"), QLatin1String("list"), {Right::Session}, list}};
+    const QLatin1String preset("preset");
+    return {
+        {preset, QLatin1String("list"), {Right::Session}, list},
+        {preset, QLatin1String("play"), {Right::Presets, Level::Read}, play},
+    };
 }
 
 } // namespace simulator

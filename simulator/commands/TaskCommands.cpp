@@ -1,5 +1,5 @@
-#include "simulator/commands/Arrays.h"
 #include "simulator/commands/CommandTable.h"
+#include "simulator/commands/PlayFields.h"
 
 namespace simulator
 {
@@ -9,23 +9,21 @@ namespace
 
 QJsonObject describe(const Task& task)
 {
-    return {{"id", task.id},
-            {"title", task.title},
-            {"enable", task.enabled},
-            {"event", task.play ? "play" : "stop"},
-            {"eventId", task.target},
-            {"trackId", task.track},
-            {"frequency", task.frequency},
-            {"step", 1},
-            {"days", task.days},
-            {"startDate", task.startDate},
-            {"startTime", task.startTime},
-            {"endDate", task.endDate},
-            {"targetPlaying", task.targetPlaying},
-            {"repeats", task.repeats},
-            {"actionIfEnd", task.actionIfEnd},
-            {"zones", toArray(task.zones)},
-            {"devices", toArray(task.units)}};
+    QJsonObject fields{{"id", task.id},
+                       {"title", task.title},
+                       {"enable", task.enabled},
+                       {"event", task.play ? "play" : "stop"},
+                       {"eventId", task.target},
+                       {"trackId", task.track},
+                       {"frequency", task.frequency},
+                       {"step", 1},
+                       {"days", task.days},
+                       {"startDate", task.startDate},
+                       {"startTime", task.startTime},
+                       {"endDate", task.endDate}};
+    insert(fields, task.targets);
+    insert(fields, task.repetition);
+    return fields;
 }
 
 QJsonObject list(Context& context, const QJsonObject&)
@@ -50,6 +48,25 @@ QJsonObject getPlays(Context& context, const QJsonObject&)
     return success({{"list", list}});
 }
 
+/// A stop event follows its play event.
+QJsonObject enable(Context& context, const QJsonObject& request)
+{
+    const int id = request.value("id").toInt();
+    bool known = false;
+    for (Task& task : context.installation().tasks) {
+        const bool meant = task.id == id || (!task.play && task.target == id);
+        if (meant && context.access().sees(task)) {
+            task.enabled = request.value("enable").toBool();
+            known = true;
+        }
+    }
+    if (!known) {
+        return refusal("error");
+    }
+    context.pushToOthers(makePush("task", "enable"));
+    return success();
+}
+
 } // namespace
 
 Commands taskCommands()
@@ -58,6 +75,7 @@ Commands taskCommands()
     return {
         {task, QLatin1String("list"), {Right::Session}, list},
         {task, QLatin1String("getPlays"), {Right::Session}, getPlays},
+        {task, QLatin1String("enable"), {Right::Tasks, Level::Administration}, enable},
     };
 }
 

@@ -3,6 +3,7 @@
 #include "simulator/fiction/Fleet.h"
 #include "simulator/fiction/Library.h"
 #include "simulator/fiction/People.h"
+#include "simulator/state/Transport.h"
 
 namespace simulator
 {
@@ -40,15 +41,15 @@ void addTasks(Installation& installation)
 {
     Task morning = playTask(1, "Утренняя музыка", 22, 111, "weekly", "05:30");
     morning.days = "monday,tuesday,wednesday,thursday,friday";
-    morning.zones = {3, 4};
+    morning.targets.zones = {3, 4};
     Task lunch = playTask(2, "Обеденный перерыв", 26, 151, "daily", "09:00");
-    lunch.zones = {3, 4, 5};
+    lunch.targets.zones = {3, 4, 5};
     Task check = playTask(3, "Проверка оповещения", 26, 153, "monthly", "07:00");
     check.enabled = false;
     Task evening = playTask(4, "Вечерний джаз", 24, 131, "weekly", "15:00");
     evening.days = "friday";
-    evening.units = {4, 8, 15};
-    evening.repeats = 1;
+    evening.targets.units = {4, 8, 15};
+    evening.repetition.repeats = 1;
     installation.tasks = {morning, stopTaskOf(morning, 5, "07:00"), lunch, check, evening};
 }
 
@@ -59,57 +60,43 @@ void addPresets(Installation& installation)
     evacuation.title = "Эвакуация";
     evacuation.playlist = 27;
     evacuation.track = 161;
-    evacuation.zones = {6};
-    evacuation.repeats = 9;
+    evacuation.targets.zones = {6};
+    evacuation.repetition.repeats = 9;
     Preset lobby;
     lobby.id = 2;
     lobby.title = "Музыка в холле";
     lobby.playlist = 22;
     lobby.position = 1;
-    lobby.zones = {3};
-    lobby.actionIfEnd = "pause";
+    lobby.targets.zones = {3};
+    lobby.repetition.atEnd = "pause";
     Preset closing;
     closing.id = 3;
     closing.title = "Окончание рабочего дня";
     closing.playlist = 26;
     closing.track = 152;
     closing.position = 2;
-    closing.units = {1, 2, 5, 6, 10};
-    closing.targetPlaying = "track";
-    closing.repeats = 1;
+    closing.targets.units = {1, 2, 5, 6, 10};
+    closing.repetition.target = "track";
+    closing.repetition.repeats = 1;
     installation.presets = {evacuation, lobby, closing};
-}
-
-void startPlayback(Installation& installation, Playback playback, const QVector<int>& units)
-{
-    for (int id : units) {
-        if (Unit* unit = installation.unit(id)) {
-            unit->playback = playback.id;
-            playback.units.append(id);
-        }
-    }
-    if (!playback.units.isEmpty()) {
-        playback.since = QDateTime::currentDateTimeUtc();
-        installation.playbacks.append(playback);
-    }
 }
 
 /// What runs when the server starts: the radio in the technical rooms, music at the reception.
 void addPlaybacks(Installation& installation)
 {
-    Playback radio;
-    radio.id = 1;
+    StartOrder radio;
     radio.playlist = 21;
-    radio.track = 101;
-    startPlayback(installation, radio, {21, 23});
-    Playback music;
-    music.id = 2;
+    radio.units = {21, 23};
+    startPlayback(installation, radio);
+    StartOrder music;
     music.playlist = 22;
     music.track = 112;
-    music.position = 40;
-    music.repeats = 4;
-    music.task = 1;
-    startPlayback(installation, music, {2, 8});
+    music.units = {2, 8};
+    music.repetition.repeats = 99;
+    const StartResult started = startPlayback(installation, music);
+    if (Playback* playback = installation.playback(started.playback)) {
+        playback->task = 1;
+    }
 }
 
 ServerSettings makeServer()

@@ -10,11 +10,8 @@ namespace
 {
 
 /// Words by category root, from 1 on.
-constexpr std::array<QLatin1String, 7> categoryWords{
-    QLatin1String("radio"),  QLatin1String("playlist"),
-    QLatin1String("ad"),     QLatin1String("service_message"),
-    QLatin1String("record"), QLatin1String("alarm_message"),
-    QLatin1String("gong"),
+constexpr std::array<const char*, 7> categoryWords{
+    "radio", "playlist", "ad", "service_message", "record", "alarm_message", "gong",
 };
 
 /// The first record for which the test holds, or null.
@@ -78,6 +75,11 @@ Playback* Installation::playback(int id)
 const Playback* Installation::playback(int id) const
 {
     return byId(playbacks, id);
+}
+
+const Preset* Installation::preset(int id) const
+{
+    return byId(presets, id);
 }
 
 const Role* Installation::role(const QString& name) const

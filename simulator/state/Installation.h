@@ -17,6 +17,7 @@ public:
     QVector<Playlist> playlists;
     QVector<Track> tracks;
     QVector<Playback> playbacks;
+    int lastPlayback = 0; ///< the highest id given so far
     QVector<Task> tasks;
     QVector<Preset> presets;
     QVector<FirmwareImage> firmware;
@@ -35,6 +36,7 @@ public:
     const Track* track(int id) const;
     Playback* playback(int id);
     const Playback* playback(int id) const;
+    const Preset* preset(int id) const;
     const Role* role(const QString& name) const;
     const Account* account(const QString& name) const;
 

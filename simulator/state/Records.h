@@ -87,6 +87,19 @@ struct Track {
     int duration = 0; ///< seconds, -1 for a live stream
 };
 
+/// What is played again, and what follows.
+struct Repetition {
+    QString target = "list"; ///< "list" or "track"
+    int repeats = 0;         ///< after the first pass
+    QString atEnd = "stop";  ///< "pause" or "stop"
+};
+
+/// Where something is to be played; both empty stand for all units.
+struct Targets {
+    QVector<int> zones;
+    QVector<int> units;
+};
+
 /// One audio run.
 struct Playback {
     int id = 0;
@@ -94,12 +107,11 @@ struct Playback {
     int track = 0;
     int volume = 50;
     bool playing = true;
-    QString targetPlaying = "list"; ///< "list" or "track"
-    int repeats = 0;                ///< after the first pass
-    QString actionIfEnd = "stop";   ///< "pause" or "stop"
-    int position = 0;               ///< seconds into the track at `since`
+    Repetition repetition;
+    int position = 0; ///< seconds into the track at `since`
     QDateTime since;
     QVector<int> units; ///< ids it is addressed to
+    int pass = 0;       ///< repeats that are done
     int task = 0;       ///< id of the task that started it, 0 for none
 };
 
@@ -116,11 +128,8 @@ struct Task {
     QString startDate; ///< "yyyy-MM-dd", UTC
     QString startTime; ///< "HH:mm", UTC
     QString endDate;   ///< empty for open
-    QString targetPlaying = "list";
-    int repeats = 0;
-    QString actionIfEnd = "stop";
-    QVector<int> zones;
-    QVector<int> units;
+    Repetition repetition;
+    Targets targets;
 };
 
 /// A stored start of a playback.
@@ -131,11 +140,8 @@ struct Preset {
     int playlist = 0;
     int track = -1; ///< -1 for the first track of the folder
     int position = 0;
-    QString targetPlaying = "list";
-    int repeats = 0;
-    QString actionIfEnd = "stop";
-    QVector<int> zones;
-    QVector<int> units;
+    Repetition repetition;
+    Targets targets;
 };
 
 /// A firmware image that lies on the server.

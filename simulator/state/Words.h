@@ -24,35 +24,35 @@ enum class Level { Unavailable, Read, Control, Administration };
 /// One value of an enumeration and its word on the wire.
 template <typename Value> struct Word {
     Value value;
-    QLatin1String text;
+    const char* text;
 };
 
 constexpr std::array<Word<Link>, 3> linkWords{{
-    {Link::No, QLatin1String("no")},
-    {Link::Incoming, QLatin1String("incoming")},
-    {Link::Bidirectional, QLatin1String("bidirectional")},
+    {Link::No, "no"},
+    {Link::Incoming, "incoming"},
+    {Link::Bidirectional, "bidirectional"},
 }};
 
 constexpr std::array<Word<Battery>, 6> batteryWords{{
-    {Battery::Ok, QLatin1String("ok")},
-    {Battery::Charge, QLatin1String("charge")},
-    {Battery::AcPowerMissing, QLatin1String("acPowerMissing")},
-    {Battery::Missing, QLatin1String("missing")},
-    {Battery::Error, QLatin1String("error")},
-    {Battery::Unknown, QLatin1String("unknown")},
+    {Battery::Ok, "ok"},
+    {Battery::Charge, "charge"},
+    {Battery::AcPowerMissing, "acPowerMissing"},
+    {Battery::Missing, "missing"},
+    {Battery::Error, "error"},
+    {Battery::Unknown, "unknown"},
 }};
 
 constexpr std::array<Word<Case>, 3> caseWords{{
-    {Case::Close, QLatin1String("close")},
-    {Case::Open, QLatin1String("open")},
-    {Case::Unknown, QLatin1String("unknown")},
+    {Case::Close, "close"},
+    {Case::Open, "open"},
+    {Case::Unknown, "unknown"},
 }};
 
 constexpr std::array<Word<Level>, 4> levelWords{{
-    {Level::Unavailable, QLatin1String("unavailable")},
-    {Level::Read, QLatin1String("read")},
-    {Level::Control, QLatin1String("control")},
-    {Level::Administration, QLatin1String("administration")},
+    {Level::Unavailable, "unavailable"},
+    {Level::Read, "read"},
+    {Level::Control, "control"},
+    {Level::Administration, "administration"},
 }};
 
 /// The word of a value; every value of the enumeration stands in its table.
@@ -61,7 +61,7 @@ QString wordOf(const std::array<Word<Value>, count>& table, Value value)
 {
     for (const Word<Value>& row : table) {
         if (row.value == value) {
-            return row.text;
+            return QLatin1String(row.text);
         }
     }
     return {};
@@ -72,7 +72,7 @@ template <typename Value, std::size_t count>
 std::optional<Value> valueOf(const std::array<Word<Value>, count>& table, const QString& text)
 {
     for (const Word<Value>& row : table) {
-        if (text == row.text) {
+        if (text == QLatin1String(row.text)) {
             return row.value;
         }
     }

@@ -1,8 +1,9 @@
 #include "simulator/Client.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QJsonDocument>
-#include <QtTest>
+#include <QTimer>
 
 namespace
 {
@@ -25,6 +26,18 @@ int firstObject(const QByteArray& text)
     }
 }
 
+/// QTest::qWaitFor() looks every ten milliseconds, which is most of the time of a short exchange.
+template <typename Condition> bool waitUntil(Condition condition)
+{
+    QTimer deadline;
+    deadline.setSingleShot(true);
+    deadline.start(patience);
+    while (!condition() && deadline.isActive()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return condition();
+}
+
 } // namespace
 
 Client::Client(quint16 port)
@@ -32,7 +45,7 @@ Client::Client(quint16 port)
     socket.setPeerVerifyMode(QSslSocket::VerifyNone);
     QObject::connect(&socket, &QSslSocket::readyRead, &socket, [this] { read(); });
     socket.connectToHostEncrypted("127.0.0.1", port);
-    const bool encrypted = QTest::qWaitFor([this] { return socket.isEncrypted(); }, patience);
+    const bool encrypted = waitUntil([this] { return socket.isEncrypted(); });
     Q_UNUSED(encrypted) // isConnected() tells
     socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
 }
@@ -55,7 +68,7 @@ int Client::send(const QString& request, const QString& action, QJsonObject fiel
 
 QJsonObject Client::takeFirst(QVector<QJsonObject>& arrived)
 {
-    const bool came = QTest::qWaitFor([&arrived] { return !arrived.isEmpty(); }, patience);
+    const bool came = waitUntil([&arrived] { return !arrived.isEmpty(); });
     return came ? arrived.takeFirst() : QJsonObject();
 }
 
@@ -93,8 +106,7 @@ bool Client::logIn(const QString& name)
 
 bool Client::waitForEnd()
 {
-    return QTest::qWaitFor([this] { return socket.state() == QAbstractSocket::UnconnectedState; },
-                           patience);
+    return waitUntil([this] { return socket.state() == QAbstractSocket::UnconnectedState; });
 }
 
 void Client::read()

@@ -1,0 +1,126 @@
+#include "simulator/commands/CommandTable.h"
+#include "simulator/commands/PlayFields.h"
+#include "simulator/commands/PlaybackPushes.h"
+#include "simulator/commands/UnitReport.h"
+#include "simulator/state/Transport.h"
+
+namespace simulator
+{
+
+namespace
+{
+
+/// The playback that a request names, null when there is none that the asker sees.
+Playback* playbackIn(Context& context, const QJsonObject& request, const char* key)
+{
+    Playback* playback = context.installation().playback(request.value(key).toInt());
+    return playback && context.access().sees(*playback) ? playback : nullptr;
+}
+
+QJsonObject play(Context& context, const QJsonObject& request)
+{
+    const Playlist* playlist = context.installation().playlist(request.value("playlistId").toInt());
+    if (!playlist || !context.access().sees(*playlist)) {
+        return refusal("playbackError");
+    }
+    StartOrder order;
+    order.playlist = playlist->id;
+    order.track = request.value("trackId").toInt(-1);
+    order.units = context.access().seenUnits(fromArray(request.value("devices")));
+    order.strategy = request.value("strategy").toString();
+    order.repetition = repetitionIn(request);
+    const StartResult started = startPlayback(context.installation(), order);
+    if (!started.refusal.isEmpty()) {
+        return {{"response", started.refusal}};
+    }
+    pushStarted(context, started, makePush("playback", "play"));
+    return success({{"playbackId", started.playback},
+                    {"trackId", started.track},
+                    {"activeDevices", toArray(started.units)}});
+}
+
+QJsonObject stop(Context& context, const QJsonObject& request)
+{
+    const Playback* playback = playbackIn(context, request, "playbackId");
+    if (!playback) {
+        return refusal("unknownId");
+    }
+    const int id = playback->id;
+    endPlayback(context.installation(), id);
+    context.pushToOthers(stoppedPush(id));
+    return success();
+}
+
+QJsonObject pause(Context& context, const QJsonObject& request)
+{
+    Playback* playback = playbackIn(context, request, "playbackId");
+    if (!playback) {
+        return refusal("unknownId");
+    }
+    const bool paused = request.value("pause").toBool();
+    setPaused(context.installation(), *playback, paused);
+    // There is a push for the pause alone; what goes on is told by where it is.
+    context.pushToOthers(paused ? pausedPush(playback->id)
+                                : trackPush(context.installation(), *playback));
+    return success();
+}
+
+QJsonObject playNext(Context& context, const QJsonObject& request)
+{
+    Playback* playback = playbackIn(context, request, "playbackId");
+    if (!playback) {
+        return refusal("unknownId");
+    }
+    const Installation& installation = context.installation();
+    const int wanted = request.value("trackId").toInt(-1);
+    const QVector<Track> tracks = installation.tracksOf(playback->playlist);
+    const Track* track = wanted >= 0        ? installation.track(wanted)
+                         : tracks.isEmpty() ? nullptr
+                                            : &tracks.first();
+    if (!track || track->playlist != playback->playlist) {
+        return refusal("error");
+    }
+    playTrack(*playback, track->id, request.value("timeshift").toInt());
+    // The one that asked learns here which track it is, when it left the choice to the server.
+    context.push(trackPush(installation, *playback));
+    return success();
+}
+
+QJsonObject setVolume(Context& context, const QJsonObject& request)
+{
+    const int volume = request.value("volume").toInt(-1);
+    if (volume < 0 || volume > 100) {
+        return refusal("error");
+    }
+    if (request.value("target") == "redirection") {
+        return success();
+    }
+    Playback* playback = playbackIn(context, request, "id");
+    if (!playback) {
+        return refusal("unknownId");
+    }
+    playback->volume = volume;
+    for (int id : context.installation().activeUnits(*playback)) {
+        Unit& unit = *context.installation().unit(id);
+        unit.volume = volume;
+        context.pushToOthers({statePush(context.installation(), unit), nullptr, id});
+    }
+    return success();
+}
+
+} // namespace
+
+Commands playbackControlCommands()
+{
+    const QLatin1String playback("playback");
+    const Need control{Right::Playback, Level::Control};
+    return {
+        {playback, QLatin1String("play"), control, play},
+        {playback, QLatin1String("stop"), control, stop},
+        {playback, QLatin1String("pause"), control, pause},
+        {playback, QLatin1String("playNext"), control, playNext},
+        {playback, QLatin1String("setVolume"), control, setVolume},
+    };
+}
+
+} // namespace simulator

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "simulator/commands/Context.h"
+#include "simulator/state/Transport.h"
+
+namespace simulator
+{
+
+/// A playback is no more.
+Push stoppedPush(int playback);
+/// A playback stands still.
+Push pausedPush(int playback);
+/// Where a playback is: its track, its place, whether it runs.
+Push trackPush(const Installation& installation, const Playback& playback);
+/// Tells the others of a start, and of the playbacks that ended by it. `start` is the push that
+/// makes them look.
+void pushStarted(Context& context, const StartResult& started, Push start);
+
+} // namespace simulator

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "simulator/state/Installation.h"
+
+namespace simulator
+{
+
+/// What somebody wants to hear, and where.
+struct StartOrder {
+    int playlist = 0;
+    int track = -1; ///< -1 for the first track of the folder
+    QVector<int> units;
+    QString strategy; ///< for busy units: "overlap" takes them, "partial" leaves them, else refuse
+    Repetition repetition;
+};
+
+/// What came of it.
+struct StartResult {
+    QString refusal; ///< the wire word, empty when it runs
+    int playback = 0;
+    int track = 0;
+    QVector<int> units; ///< those that carry it
+    QVector<int> ended; ///< playbacks that lost their last unit to it
+};
+
+/// Starts a playback on those of the units that are connected. Refuses with "playbackError" for an
+/// unknown track, "noDevices" when no unit is left, "lowPriority" when a unit plays something more
+/// important, "overlap" when units are busy and the order doesn't say what to do with them.
+StartResult startPlayback(Installation& installation, const StartOrder& order);
+
+/// Ends a playback and frees its units. False for an unknown one.
+bool endPlayback(Installation& installation, int id);
+
+/// Sets the track of a playback and its place in it, in seconds, and lets it run.
+void playTrack(Playback& playback, int track, int position);
+
+/// Halts a playback where it is, or lets it go on from there.
+void setPaused(const Installation& installation, Playback& playback, bool paused);
+
+/// The track behind the current one in the folder, nothing behind the last.
+std::optional<int> followingTrack(const Installation& installation, const Playback& playback);
+
+/// What the end of a track leads to.
+enum class TrackEnd { NextTrack, Pause, Stop };
+
+/// Moves a playback, whose track has ended, on by its repetition. On Stop it only says so.
+TrackEnd finishTrack(const Installation& installation, Playback& playback);
+
+} // namespace simulator
