@@ -18,7 +18,7 @@ constexpr int tickMilliseconds = 10;
 
 } // namespace
 
-TcpClient::TcpClient()
+TcpClient::TcpClient(int maximumObjectSize) : splitter(maximumObjectSize)
 {
     connect(&writeTimer, &QTimer::timeout, this, &TcpClient::writeMessage);
 }
