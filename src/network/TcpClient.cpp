@@ -55,6 +55,10 @@ bool TcpClient::connectToServer(const QString& host, int port)
     peerWatch.watch(socket.get());
     connect(socket.get(), &QSslSocket::readyRead, this, &TcpClient::readMessage);
     connect(socket.get(), &QSslSocket::disconnected, this, &TcpClient::exit);
+    if (socket->bytesAvailable() > 0) {
+        // Came along with the handshake, before anybody listened for it.
+        QMetaObject::invokeMethod(this, &TcpClient::readMessage, Qt::QueuedConnection);
+    }
     Data::logger.message("Connection success");
     writeTimer.start(firstTickMilliseconds);
     return true;
@@ -152,6 +156,9 @@ void TcpClient::send(const QByteArray& text)
 
 void TcpClient::readMessage()
 {
+    if (!socket) {
+        return;
+    }
     const int connection = connectionCount;
     splitter.feed(socket->readAll());
     for (;;) {
