@@ -123,10 +123,11 @@ void TcpClient::scheduleWriting()
 
 void TcpClient::writeMessage()
 {
-    while (!messages.isEmpty() && waitingAnswers == 0 && socket && socket->isEncrypted()) {
+    const bool connected = socket && socket->isEncrypted();
+    while (connected && !messages.isEmpty() && waitingAnswers == 0) {
         send(messages.takeFirst());
     }
-    if (messages.isEmpty()) {
+    if (messages.isEmpty() || !connected) {
         writeTimer.stop();
     } else {
         writeTimer.start(tickMilliseconds);
