@@ -103,8 +103,11 @@ public:
     {
         std::fprintf(terminal, "%s\n", heading);
         for (const Way& way : ways) {
-            std::fprintf(terminal, "  %-44s %10.2f us a %s   %5.2f\n", way.name,
-                         median(way.times) * 1e6 / units, unit, ratio(way, ways.front()));
+            const double microseconds = median(way.times) * 1e6 / units;
+            const bool isLong = microseconds >= 1000;
+            std::fprintf(terminal, "  %-44s %8.2f %s a %s   %5.2f\n", way.name,
+                         isLong ? microseconds / 1000 : microseconds, isLong ? "ms" : "us", unit,
+                         ratio(way, ways.front()));
         }
         std::fflush(terminal);
     }

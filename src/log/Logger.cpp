@@ -153,23 +153,27 @@ void Logger::writeLine()
     line += QLatin1Char('\n');
     const QByteArray echo = line.toUtf8();
     std::fwrite(echo.constData(), 1, static_cast<std::size_t>(echo.size()), stdout);
-    flushEcho();
     if (file->isOpen()) {
         const QTextCodec* const local = QTextCodec::codecForLocale();
         file->write(local->mibEnum() == utf8Mib ? echo : local->fromUnicode(line));
     }
+    flush();
     line.resize(0); // keeps the memory for the next line
 }
 
-void Logger::flushEcho() const
+void Logger::flush()
 {
-    if (openBursts == 0) {
-        std::fflush(stdout);
+    if (openBursts > 0) {
+        return;
+    }
+    std::fflush(stdout);
+    if (file && file->isOpen()) {
+        file->flush(); // whoever follows the file sees the line, and no crash takes it away
     }
 }
 
 Logger::Burst::~Burst()
 {
     --logger.openBursts;
-    logger.flushEcho();
+    logger.flush();
 }

@@ -34,8 +34,8 @@ public:
     void message(const QByteArray& text, int level = 0);
     void message(const char* text, int level = 0);
 
-    /// Lines that are logged in one go, with nothing between them that could fail: standard output
-    /// is flushed once, behind the last.
+    /// Lines that are logged in one go, with nothing between them that could fail: they are flushed
+    /// once, behind the last.
     class Burst
     {
     public:
@@ -61,7 +61,7 @@ private:
     void openFile();
     void appendTime();
     void writeLine();
-    void flushEcho() const;
+    void flush();
 
     QString line;
     const LogSettings* settings = nullptr;
