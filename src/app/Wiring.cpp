@@ -1,30 +1,15 @@
 #include "app/Wiring.h"
 
 #include "app/Data.h"
-#include "network/NetworkParser.h"
 #include "network/TcpClient.h"
 #include "page/ScriptCall.h"
-#include "protocol/Protocols.h"
-#include "protocol/Request.h"
 #include "protocol/SessionHooks.h"
-#include "protocol/input/Pushes.h"
 #include "view/WebView.h"
 
 #include <QWebView>
 
 namespace Wiring
 {
-
-void joinNetwork()
-{
-    Data::parser.setPacketPrefix(QStringLiteral("order"));
-    Data::parser.setProtocolPrefix(QStringLiteral("request"));
-    Data::parser.setCommandPrefix(QStringLiteral("action"));
-    initProtocols(&Data::parser);
-    Data::parser.setPushHandler(routePush);
-    Data::parser.setForbiddenHook([] { send(UserCommand::GetInfo); });
-    Data::tcpClient.addParser(&Data::parser);
-}
 
 void joinView()
 {

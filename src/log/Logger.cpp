@@ -9,8 +9,11 @@
 #include <QTextStream>
 
 #include <cstdio>
+#include <utility>
 
-Logger::Logger() = default;
+Logger::Logger() : clock(QDateTime::currentMSecsSinceEpoch)
+{
+}
 Logger::~Logger() = default;
 
 void Logger::setSettings(const LogSettings* switches)
@@ -31,6 +34,11 @@ void Logger::setConfig(const QSettings* configuration)
 void Logger::setDebug(const bool* debugMode)
 {
     debug = debugMode;
+}
+
+void Logger::setClock(std::function<qint64()> now)
+{
+    clock = std::move(now);
 }
 
 bool Logger::isWritten(int level) const
@@ -71,7 +79,7 @@ void Logger::message(const char* text, int level)
 
 void Logger::takeTime()
 {
-    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    const qint64 now = clock();
     millisecond = static_cast<int>(now % 1000);
     if (now / 1000 == second) {
         return;

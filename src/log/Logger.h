@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class LogSettings;
@@ -24,6 +25,8 @@ public:
     void setPort(const int* localPort);
     void setConfig(const QSettings* configuration);
     void setDebug(const bool* debugMode);
+    /// Takes the time, in milliseconds since the epoch, from `now` in place of the system.
+    void setClock(std::function<qint64()> now);
 
     /// Writes one line, if `level` (see `LogLevel`) is switched on. A level without a switch of its
     /// own is always written.
@@ -49,6 +52,8 @@ private:
     std::unique_ptr<QFile> file;
     const bool* debug = nullptr;
     QString date;
+
+    std::function<qint64()> clock;
 
     // The clock's text changes once a second and is dear to format, so it is kept.
     qint64 second = -1;

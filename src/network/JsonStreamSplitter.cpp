@@ -67,8 +67,8 @@ JsonStreamSplitter::Found JsonStreamSplitter::next()
             continue;
         }
         const bool closed = scanNested();
-        if (place == Place::InGarbage) {
-            start = scan;
+        if (place != Place::InObject) {
+            start = scan; // garbage isn't kept, so it may be of any size
             continue;
         }
         if (scan - start > maximumSize) {

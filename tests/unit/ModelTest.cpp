@@ -1,0 +1,200 @@
+#include "model/ModelList.h"
+#include "model/ServerSettings.h"
+#include "model/User.h"
+#include "support/PageRecorder.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+namespace
+{
+
+/// An element that tells two of the same id apart, and whether it has been destroyed.
+class Item
+{
+public:
+    Item(int itemId, int itemMark) : id(itemId), mark(itemMark) { ++alive; }
+    ~Item() { --alive; }
+    Item(const Item&) = delete;
+    Item& operator=(const Item&) = delete;
+    int getId() const { return id; }
+
+    int id;
+    int mark;
+    static int alive;
+};
+
+int Item::alive = 0;
+
+QVector<int> marksOf(const ModelList<Item>& list)
+{
+    QVector<int> marks;
+    for (const Item& item : list) {
+        marks.append(item.mark);
+    }
+    return marks;
+}
+
+Item* append(ModelList<Item>& list, int id, int mark)
+{
+    return list.append(std::make_unique<Item>(id, mark));
+}
+
+QStringList scripts(std::initializer_list<const char*> texts)
+{
+    QStringList result;
+    for (const char* const text : texts) {
+        result.append(QString::fromUtf8(text));
+    }
+    return result;
+}
+
+} // namespace
+
+class ModelTest : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void listFindsTheFirstOfAnId();
+    void listAgreesWithAPlainSearch();
+    void listFreesItsObjects();
+    void serverSettingsTellChangesOnly();
+    void selectedInterfaceIsTheOnlyOne();
+    void userSettersTellThePage();
+    void currentUserIsAlwaysInTheHeader();
+};
+
+void ModelTest::listFindsTheFirstOfAnId()
+{
+    ModelList<Item> list;
+    append(list, 7, 1);
+    append(list, 5, 2);
+    Item* const second = append(list, 7, 3);
+    QCOMPARE(list.find(7)->mark, 1);
+    QCOMPARE(list.find(6), nullptr);
+    // Removing one of a repeated id leaves the other to be found.
+    list.remove(list.find(7));
+    QCOMPARE(list.find(7), second);
+    append(list, 7, 4);
+    list.remove(list.last());
+    QCOMPARE(list.find(7), second);
+    QCOMPARE(marksOf(list), (QVector<int>{2, 3}));
+}
+
+void ModelTest::listAgreesWithAPlainSearch()
+{
+    QRandomGenerator random(20261118);
+    ModelList<Item> list;
+    for (int step = 0; step < 3000; ++step) {
+        const int id = random.bounded(12);
+        if (random.bounded(3) > 0) {
+            append(list, id, step);
+        } else if (!list.isEmpty()) {
+            list.remove(list.at(random.bounded(list.size())));
+        }
+        if (random.bounded(200) == 0) {
+            list.clear();
+        }
+        QCOMPARE(list.find(id), list.findIf([id](const Item& item) { return item.id == id; }));
+    }
+}
+
+void ModelTest::listFreesItsObjects()
+{
+    QCOMPARE(Item::alive, 0);
+    {
+        ModelList<Item> list;
+        append(list, 1, 1);
+        append(list, 1, 2);
+        append(list, 2, 3);
+        list.remove(list.at(0));
+        QCOMPARE(Item::alive, 2);
+        const Item stranger(1, 4);
+        list.remove(&stranger);
+        QCOMPARE(list.size(), 2);
+        list.clear();
+        QCOMPARE(Item::alive, 1);
+        QCOMPARE(list.find(1), nullptr);
+        QCOMPARE(list.last(), nullptr);
+        append(list, 1, 5);
+    }
+    QCOMPARE(Item::alive, 0);
+}
+
+void ModelTest::serverSettingsTellChangesOnly()
+{
+    PageRecorder page;
+    ServerSettings settings;
+    for (int round = 0; round < 2; ++round) {
+        settings.setMulticastIp(QStringLiteral("224.0.0.9"));
+        settings.setCommandPort(11191);
+        settings.setServerVersion(QStringLiteral("2.1"));
+        settings.setAvailableServerVersion(QStringLiteral("2.2"));
+        settings.setInternetStatus(true);
+    }
+    QCOMPARE(page.take(), scripts({"wrapperInput_server_editMulticastAddress(\"224.0.0.9\");",
+                                   "wrapperInput_server_editCommandPort(11191);",
+                                   "wrapperInput_server_setServerVersion(\"2.1\");",
+                                   "wrapperInput_server_setAvailableServerVersion(\"2.2\");",
+                                   "wrapperInput_server_setInternetStatus(1);"}));
+    settings.setInternetStatus(false);
+    QCOMPARE(page.take(), scripts({"wrapperInput_server_setInternetStatus(0);"}));
+    // What a console starts with is no change.
+    ServerSettings fresh;
+    fresh.setMulticastIp(QStringLiteral("224.0.224.1"));
+    fresh.setCommandPort(11190);
+    fresh.setInternetStatus(false);
+    QCOMPARE(page.take(), QStringList());
+}
+
+void ModelTest::selectedInterfaceIsTheOnlyOne()
+{
+    PageRecorder page;
+    ServerSettings settings;
+    settings.getInterfaces() = {{QStringLiteral("10.0.0.1"), QString(), false},
+                                {QStringLiteral("10.0.0.2"), QString(), false}};
+    QCOMPARE(settings.getSelectedInterface(), nullptr);
+    settings.setSelectedInterface(QStringLiteral("10.0.0.1"));
+    settings.setSelectedInterface(QStringLiteral("10.0.0.2"));
+    QCOMPARE(settings.getSelectedInterface()->ip, QStringLiteral("10.0.0.2"));
+    QCOMPARE(page.take(), scripts({"wrapperInput_server_selectInterface(\"10.0.0.1\");",
+                                   "wrapperInput_server_selectInterface(\"10.0.0.2\");"}));
+    settings.setSelectedInterface(QStringLiteral("10.0.0.3"));
+    QCOMPARE(settings.getSelectedInterface(), nullptr);
+    QCOMPARE(page.take(), QStringList());
+}
+
+void ModelTest::userSettersTellThePage()
+{
+    PageRecorder page;
+    User user;
+    user.setId(3);
+    user.setName(QStringLiteral("anna"));
+    user.setTitle(QStringLiteral("Anna \"A\""));
+    user.setName(QStringLiteral("anna"));
+    user.setTitle(QStringLiteral("Anna \"A\""));
+    user.setStatus(true);
+    user.setStatus(true);
+    user.setStatus(false);
+    QCOMPARE(page.take(), scripts({"wrapperInput_user_edit(3,\"anna\",\"\");",
+                                   "wrapperInput_user_edit(3,\"anna\",\"Anna \\\"A\\\"\");",
+                                   "wrapperInput_user_login(3);", "wrapperInput_user_login(3);",
+                                   "wrapperInput_user_logout(3);"}));
+    QCOMPARE(user.getTitle(), QStringLiteral("Anna \"A\""));
+    QCOMPARE(user.getStatus(), false);
+}
+
+void ModelTest::currentUserIsAlwaysInTheHeader()
+{
+    PageRecorder page;
+    User user;
+    user.setCurrent(true);
+    user.setTitle(QStringLiteral("A"));
+    user.setTitle(QStringLiteral("A"));
+    QCOMPARE(page.take(), scripts({"wrapperInput_user_edit(0,\"\",\"A\");",
+                                   "wrapperInput_userGlobal_edit(\"A\");",
+                                   "wrapperInput_userGlobal_edit(\"A\");"}));
+}
+
+QTEST_GUILESS_MAIN(ModelTest)
+#include "ModelTest.moc"
