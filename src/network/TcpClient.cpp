@@ -18,7 +18,7 @@ constexpr int tickMilliseconds = 10;
 
 } // namespace
 
-TcpClient::TcpClient()
+TcpClient::TcpClient(int maximumObjectSize) : splitter(maximumObjectSize)
 {
     connect(&writeTimer, &QTimer::timeout, this, &TcpClient::writeMessage);
 }
@@ -55,6 +55,10 @@ bool TcpClient::connectToServer(const QString& host, int port)
     peerWatch.watch(socket.get());
     connect(socket.get(), &QSslSocket::readyRead, this, &TcpClient::readMessage);
     connect(socket.get(), &QSslSocket::disconnected, this, &TcpClient::exit);
+    if (socket->bytesAvailable() > 0) {
+        // Came along with the handshake, before anybody listened for it.
+        QMetaObject::invokeMethod(this, &TcpClient::readMessage, Qt::QueuedConnection);
+    }
     Data::logger.message("Connection success");
     writeTimer.start(firstTickMilliseconds);
     return true;
@@ -119,10 +123,11 @@ void TcpClient::scheduleWriting()
 
 void TcpClient::writeMessage()
 {
-    while (!messages.isEmpty() && waitingAnswers == 0 && socket && socket->isEncrypted()) {
+    const bool connected = socket && socket->isEncrypted();
+    while (connected && !messages.isEmpty() && waitingAnswers == 0) {
         send(messages.takeFirst());
     }
-    if (messages.isEmpty()) {
+    if (messages.isEmpty() || !connected) {
         writeTimer.stop();
     } else {
         writeTimer.start(tickMilliseconds);
@@ -152,6 +157,9 @@ void TcpClient::send(const QByteArray& text)
 
 void TcpClient::readMessage()
 {
+    if (!socket) {
+        return;
+    }
     const int connection = connectionCount;
     splitter.feed(socket->readAll());
     for (;;) {

@@ -27,7 +27,8 @@ public:
     static constexpr int encryptedTimeoutMilliseconds = 3000;
     static constexpr int connectedTimeoutMilliseconds = 10000;
 
-    TcpClient();
+    /// An object of more than `maximumObjectSize` bytes ends the session.
+    explicit TcpClient(int maximumObjectSize = JsonStreamSplitter::defaultMaximumSize);
     ~TcpClient() override;
 
     /// The parser that objects are given to and that numbers the requests; not owned.

@@ -23,15 +23,16 @@ struct Identity {
         const QTemporaryDir folder;
         const QString keyPath = folder.filePath(QStringLiteral("key.pem"));
         const QString certificatePath = folder.filePath(QStringLiteral("certificate.pem"));
-        QProcess::execute(QStringLiteral("openssl"),
-                          {QStringLiteral("req"), QStringLiteral("-x509"), QStringLiteral("-nodes"),
-                           QStringLiteral("-newkey"), QStringLiteral("rsa:2048"),
-                           QStringLiteral("-days"), QStringLiteral("2"), QStringLiteral("-subj"),
-                           QStringLiteral("/CN=test"), QStringLiteral("-keyout"), keyPath,
-                           QStringLiteral("-out"), certificatePath});
+        QProcess::execute(
+            QStringLiteral("openssl"),
+            {QStringLiteral("req"), QStringLiteral("-x509"), QStringLiteral("-nodes"),
+             QStringLiteral("-newkey"), QStringLiteral("ec"), QStringLiteral("-pkeyopt"),
+             QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-days"),
+             QStringLiteral("2"), QStringLiteral("-subj"), QStringLiteral("/CN=test"),
+             QStringLiteral("-keyout"), keyPath, QStringLiteral("-out"), certificatePath});
         QFile keyFile(keyPath);
         keyFile.open(QIODevice::ReadOnly);
-        key = QSslKey(&keyFile, QSsl::Rsa);
+        key = QSslKey(&keyFile, QSsl::Ec);
         certificate = QSslCertificate::fromPath(certificatePath).value(0);
         if (key.isNull() || certificate.isNull()) {
             qFatal("The test server has no certificate: is the openssl tool there?");
@@ -213,8 +214,9 @@ void TestServer::handle(QTcpSocket* socket, const QJsonObject& message)
             object.insert(QStringLiteral("order"), message.value(QLatin1String("order")));
         }
     }
-    if (!step.objects.isEmpty()) {
-        socket->write(wireText(step.objects));
+    const QByteArray text = wireText(step.objects) + step.rest;
+    if (!text.isEmpty()) {
+        socket->write(text);
     }
     if (step.closes) {
         socket->disconnectFromHost();

@@ -36,7 +36,8 @@ public:
     /// What is done at one request: `objects` leave in one write. An object with a `response`
     /// and no `order` gets the request's.
     struct Step {
-        QVector<QJsonObject> objects;
+        QVector<QJsonObject> objects{};
+        QByteArray rest{};   ///< bytes behind the objects
         bool closes = false; ///< hang up behind them
     };
 

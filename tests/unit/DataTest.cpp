@@ -16,6 +16,13 @@
 namespace
 {
 
+/// What a task plays on.
+struct Target {
+    bool enabled;
+    QVector<int> devices;
+    QVector<int> zones;
+};
+
 template <class T> T* append(ModelList<T>& list, int id)
 {
     auto item = std::make_unique<T>();
@@ -39,13 +46,12 @@ void appendTrack(int id, int playlistId, int position)
     Data::trackList.append(std::move(track));
 }
 
-Task* appendTask(bool enabled, const QVector<int>& devices, const QVector<int>& zones)
+void appendTask(const Target& target)
 {
     Task* const task = append(Data::tasks, Data::tasks.size());
-    task->setState(enabled);
-    task->getDeviceList() = devices;
-    task->getZoneList() = zones;
-    return task;
+    task->setState(target.enabled);
+    task->getDeviceList() = target.devices;
+    task->getZoneList() = target.zones;
 }
 
 template <class Entry> Entry memoryEntry(int deviceId, int position)
@@ -79,6 +85,8 @@ template <class Entry> QString shown(const QVector<Entry>& list)
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(Target)
 
 class DataTest : public QObject
 {
@@ -171,19 +179,10 @@ void DataTest::deletedMemoryIsTakenOffThePageEntryByEntry()
 void DataTest::taskDevices_data()
 {
     using Ids = QVector<int>;
-    struct Target {
-        bool enabled;
-        Ids devices;
-        Ids zones;
-    };
     QTest::addColumn<Ids>("expected");
-    QTest::addColumn<std::function<void()>>("addTasks");
+    QTest::addColumn<QVector<Target>>("targets");
     const auto row = [](const char* name, const Ids& expected, const QVector<Target>& targets) {
-        QTest::newRow(name) << expected << std::function<void()>([targets] {
-            for (const Target& target : targets) {
-                appendTask(target.enabled, target.devices, target.zones);
-            }
-        });
+        QTest::newRow(name) << expected << targets;
     };
     row("no tasks", {}, {});
     row("switched off", {}, {{false, {1}, {9}}, {false, {}, {}}});
@@ -196,13 +195,15 @@ void DataTest::taskDevices_data()
 void DataTest::taskDevices()
 {
     QFETCH(QVector<int>, expected);
-    QFETCH(std::function<void()>, addTasks);
+    QFETCH(QVector<Target>, targets);
     const SessionFixture session;
     for (const int id : {1, 2, 3}) {
         append(Data::deviceList, id);
     }
     append(Data::zoneList, 9)->getDeviceList() = {3, 2};
-    addTasks();
+    for (const Target& target : targets) {
+        appendTask(target);
+    }
     QCOMPARE(Data::getDeviceListFromTasks(), expected);
 }
 
@@ -240,8 +241,6 @@ void DataTest::endOfSessionForgetsIt()
         QVERIFY(path->isEmpty());
     }
 }
-
-Q_DECLARE_METATYPE(std::function<void()>)
 
 QTEST_GUILESS_MAIN(DataTest)
 #include "DataTest.moc"
