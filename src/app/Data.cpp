@@ -148,6 +148,11 @@ Track* Data::getFirstTrackInPlaylist(int playlistId)
     return trackList.findIf([=](const Track& track) { return track.parentId == playlistId; });
 }
 
+QString Data::getPlaybackClass(int playbackId)
+{
+    return QStringLiteral("playback_%1").arg(playbackId);
+}
+
 int Data::getPlaylistNewPositionId(int parentId)
 {
     int position = 0;

@@ -100,6 +100,8 @@ public:
     /// Null means that the server hasn't told the role yet.
     static Role* getCurrentRole();
     static Track* getFirstTrackInPlaylist(int playlistId);
+    /// The class by which the pages mark what carries a playback.
+    static QString getPlaybackClass(int playbackId);
 
     /// The position for a new entry: one behind the last sibling in list order, 0 without any.
     static int getPlaylistNewPositionId(int parentId);

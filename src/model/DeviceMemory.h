@@ -8,6 +8,9 @@ struct Message {
     int position = 0; ///< index in the unit's memory, from 0
     QString title;
     int size = 0; ///< bytes
+
+    /// Adds the fragment to the page; `playing` is the group that plays it, 0 for none.
+    void addToPage(int playing) const;
 };
 
 /// A message made of fragments in a unit's own memory.
@@ -19,4 +22,7 @@ struct Scenario {
     int positionGong = 0;    ///< position of the fragment played as gong
     int positionMessage = 0; ///< position of the main fragment
     int repeat = 0;          ///< repeat interval in seconds
+
+    /// Adds the message to the page, which counts fragments from 1; `playing` as above.
+    void addToPage(int playing) const;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QVector>
 
 /// A play command with a calendar.
@@ -8,6 +9,11 @@ class Task
 public:
     int getId() const { return id; }
     void setId(int taskId) { id = taskId; }
+    const QString& getTitle() const { return title; }
+    void setTitle(const QString& newTitle) { title = newTitle; }
+    /// The id of the playback that it has started, 0 for none.
+    int getPlayback() const { return playback; }
+    void setPlayback(int playbackId) { playback = playbackId; }
     /// Whether the task is switched on.
     bool getState() const { return state; }
     void setState(bool enabled) { state = enabled; }
@@ -19,6 +25,8 @@ public:
 
 private:
     int id = 0;
+    QString title;
+    int playback = 0;
     bool state = false;
     QVector<int> deviceList;
     QVector<int> zoneList;

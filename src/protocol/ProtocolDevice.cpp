@@ -1,47 +1,61 @@
-#include "protocol/Protocols.h"
+#include "protocol/ProtocolDevice.h"
 
+#include "app/Data.h"
+#include "log/Logger.h"
+#include "model/Device.h"
+#include "model/DeviceWords.h"
+#include "model/ModelList.h"
+#include "network/Fields.h"
+#include "page/ScriptCall.h"
 #include "protocol/Commands.h"
+#include "protocol/DeviceMemory.h"
+#include "protocol/DeviceSettings.h"
+#include "protocol/DeviceState.h"
+#include "protocol/FieldSetter.h"
+#include "protocol/Protocols.h"
+#include "protocol/Reply.h"
+#include "protocol/Request.h"
 
 namespace
 {
 
 constexpr CommandRow commands[] = {
-    {"getDevices"},
+    {"getDevices", protocolDeviceCommandGetDevices},
     {"findLostDevices"},
-    {"getState"},
-    {"getTitle"},
-    {"setTitle"},
-    {"getVolume"},
-    {"setVolume"},
+    {"getState", protocolDeviceCommandGetState},
+    {"getTitle", protocolDeviceCommandGetTitle},
+    {"setTitle", protocolDeviceCommandSetTitle},
+    {"getVolume", protocolDeviceCommandGetVolume},
+    {"setVolume", protocolDeviceCommandSetVolume},
     {"getChannel"},
-    {"setEqualizer"},
-    {"getEqualizer"},
+    {"setEqualizer", protocolDeviceCommandSetEqualizer},
+    {"getEqualizer", protocolDeviceCommandGetEqualizer},
     {"reboot"},
     {"saveFirmware"},
     {"deleteFirmware"},
     {"listFirmware"},
     {"upgradeFirmware"},
     {"getProgressOfUpgrading"},
-    {"getMemoryStamp"},
+    {"getMemoryStamp", protocolDeviceCommandGetMemoryStamp},
     {"addMessage"},
     {"deleteMessage"},
-    {"listMessages"},
+    {"listMessages", protocolDeviceCommandListMessages},
     {"addScenario"},
     {"deleteScenario"},
-    {"listScenarios"},
+    {"listScenarios", protocolDeviceCommandListScenarios},
     {"revertChanges"},
-    {"getAvailableMemory"},
+    {"getAvailableMemory", protocolDeviceCommandGetAvailableMemory},
     {"uploadImage"},
     {"downloadImage"},
     {"clearMemory"},
     {"applyToDevice"},
     {"getProgressOfApplying"},
-    {"playMessage"},
-    {"playScenario"},
-    {"getPlays"},
-    {"stop"},
-    {"getConfig"},
-    {"setConfig"},
+    {"playMessage", protocolDeviceCommandPlayMessage},
+    {"playScenario", protocolDeviceCommandPlayScenario},
+    {"getPlays", protocolDeviceCommandGetPlays},
+    {"stop", protocolDeviceCommandStop},
+    {"getConfig", protocolDeviceCommandGetConfig},
+    {"setConfig", protocolDeviceCommandSetConfig},
     {"measureLine"},
     {"exchangeHardwareAddresses"},
     {"addTipDevice"},
@@ -52,9 +66,123 @@ constexpr CommandRow commands[] = {
     {"getDebugInfo"},
 };
 
+/// What an element says of a unit's playback. The kinds of category -1 are heard of a new unit
+/// only; those of the unit's own memory ask what it is that plays.
+void takePlayback(FieldSetter<Device>& element, bool isNew)
+{
+    Device& device = element.object();
+    const std::optional<int> category = DeviceState::readPlayback(element);
+    if (!category || (*category == PlaybackCategory::CivilDefence && !isNew)) {
+        return;
+    }
+    if (*category == PlaybackCategory::None) {
+        device.setPlayback(0);
+    }
+    device.setPlaybackCategory(*category);
+    if (DeviceState::isFromMemory(*category)) {
+        send(DeviceCommand::GetPlays, {{QStringLiteral("id"), device.getId()}});
+    }
+}
+
+/// Asks for what the list of units doesn't tell of a new one.
+void requestRest(const Device& device)
+{
+    const QJsonObject id{{QStringLiteral("id"), device.getId()}};
+    send(DeviceCommand::GetState, id);
+    if (device.getStatus() != DeviceOnline) {
+        return;
+    }
+    DeviceState::requestMemory(device.getId());
+    send(DeviceCommand::GetEqualizer, id);
+    send(DeviceCommand::GetConfig, id);
+    if (DeviceState::isFromMemory(device.getPlaybackCategory())) {
+        send(DeviceCommand::GetPlays, id);
+    }
+}
+
+void refreshDevice(Device& device, const QJsonObject& element)
+{
+    FieldSetter set(device, element, "getDevices");
+    set.text("title", &Device::setName);
+    DeviceState::readVolume(set);
+    DeviceState::readLink(set);
+    takePlayback(set, false);
+}
+
+void addDevice(int id, const QJsonObject& element)
+{
+    auto made = std::make_unique<Device>();
+    made->setId(id);
+    Data::logger.message(QStringLiteral("Founded new device: ") + QString::number(id));
+    FieldSetter set(*made, element, "getDevices");
+    DeviceState::readVolume(set);
+    DeviceState::readLink(set);
+    const Device& device = *Data::deviceList.append(std::move(made));
+    DeviceState::addToPage(device);
+    set.text("title", &Device::setName);
+    takePlayback(set, true);
+    requestRest(device);
+}
+
 } // namespace
 
 void initProtocolDevice(NetworkParser* parser)
 {
     registerProtocol<DeviceCommand>(parser, "device", commands);
+}
+
+void protocolDeviceCommandGetDevices(const QJsonObject& reply)
+{
+    const auto elements = Fields::array(reply, "devices");
+    if (!succeeded(reply) || !elements) {
+        Data::logger.message("Ignored getDevices: no list of units");
+        return;
+    }
+    for (const QJsonValue& value : *elements) {
+        const QJsonObject element = value.toObject();
+        const auto id = Fields::integer(element, "id");
+        if (!id) {
+            Data::logger.message("Dropped unit of getDevices: no id");
+        } else if (Device* const known = Data::getDeviceById(*id)) {
+            refreshDevice(*known, element);
+        } else {
+            addDevice(*id, element);
+        }
+    }
+}
+
+void protocolDeviceCommandGetState(const QJsonObject& reply)
+{
+    const auto id = Fields::integer(reply, "id");
+    Data::logger.message(QStringLiteral("Get device %1 status").arg(id.value_or(0)));
+    Device* const device = id ? Data::getDeviceById(*id) : nullptr;
+    if (!succeeded(reply) || !device) {
+        return;
+    }
+    FieldSetter set(*device, reply, "getState");
+    DeviceState::readVersions(set);
+    DeviceState::readBattery(set);
+    DeviceState::readBatteryLevel(set);
+    set.word("case", DeviceWords::hull, &Device::setHull);
+    DeviceState::mergeLines(set);
+    set.text("ip", &Device::setIp);
+    set.text("mac", &Device::setMac);
+}
+
+void protocolDeviceCommandGetTitle(const QJsonObject& reply)
+{
+    DeviceState::readReply(reply, reply, "getTitle",
+                           [](FieldSetter<Device>& set) { set.text("title", &Device::setName); });
+}
+
+void protocolDeviceCommandSetTitle(const QJsonObject& reply)
+{
+    DeviceState::readReply(reply, reply, "setTitle", [](FieldSetter<Device>& set) {
+        set.text("title", &Device::setName);
+        Page::call("saveDeviceConfig");
+    });
+    if (response(reply) == QLatin1String("titleExists")) {
+        Data::deviceSave = false;
+        Page::call("modalAdminTitleExists");
+    }
 }

@@ -5,8 +5,7 @@
 #include <QJsonObject>
 #include <QString>
 
-#include <algorithm>
-#include <iterator>
+#include <cstddef>
 
 /// The reply's outcome, as the word that the server sent.
 inline QString response(const QJsonObject& reply)
@@ -32,15 +31,15 @@ struct Refusal {
     const char* dialog;
 };
 
-/// Opens the dialog of the reply's word. A word that the table doesn't name shows nothing.
+/// Opens the dialogs of the reply's word: a table may name several, of which each page has its
+/// own. A word that the table doesn't name shows nothing.
 template <std::size_t count>
 void showRefusal(const QJsonObject& reply, const Refusal (&table)[count])
 {
     const QString word = response(reply);
-    const auto row = std::find_if(std::begin(table), std::end(table), [&](const Refusal& refusal) {
-        return word == QLatin1String(refusal.response);
-    });
-    if (row != std::end(table)) {
-        Page::call(row->dialog);
+    for (const Refusal& refusal : table) {
+        if (word == QLatin1String(refusal.response)) {
+            Page::call(refusal.dialog);
+        }
     }
 }

@@ -62,7 +62,11 @@ WebView::WebView() : blockTimer(nullptr), view(std::make_unique<QWebView>())
     connect(&udpSocket, &QUdpSocket::readyRead, this, &WebView::login_serverFound);
 }
 
-WebView::~WebView() = default;
+WebView::~WebView()
+{
+    // A page that goes while it is loading still says that it has finished.
+    view->disconnect(this);
+}
 
 void WebView::loadPage(const QUrl& page)
 {

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QUdpSocket>
+#include <QVariantList>
 #include <QWebElement>
 
 #include <memory>
@@ -56,6 +57,34 @@ public Q_SLOTS:
     // Screen lock: Block.cpp
     void resetBlockTimer();
     void modal_blockShow();
+
+    // Home page and lists of units: DeviceList.cpp
+    void deviceList_listLoad();
+    /// The same for the pages on which the operator picks units to play on.
+    void deviceList_listSelectLoad();
+    /// 0 to 100.
+    void deviceList_setDeviceVolume(int id, int volume);
+    /// Plays a fragment (type 0) or a message (type 1) of the unit's own memory.
+    void deviceList_playAudio(int id, int position, int type);
+    /// Stops the whole group that the unit plays in.
+    void deviceList_stopAudio(int id);
+    /// Ten bands, or bass and treble, whichever the unit has. One slot for whole and half steps:
+    /// of two overloads the bridge would always take the first, and cut the halves off.
+    void deviceInfo_setDeviceEqualizer(int id, const QVariantList& levels);
+
+    // One unit: DeviceInfo.cpp
+    void menu_loadDeviceInfoList();
+    void menu_loadDeviceInfo(int id);
+    void deviceInfo_includeToZone(int deviceId, int zoneId);
+    void deviceInfo_excludeFromZone(int deviceId, int zoneId);
+
+    // Zones: ZoneList.cpp
+    void menu_zoneLoadList();
+    /// Adds everything below that zone, parents before their children.
+    void menu_subZoneLoad(int parentId);
+    void deviceInfo_loadZoneList();
+    void zone_includeDevice(int zoneId, int deviceId);
+    void zone_excludeDevice(int zoneId, int deviceId);
 
     // Rights: admin/Role.cpp
     void load_permissions();

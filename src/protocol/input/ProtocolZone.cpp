@@ -1,8 +1,72 @@
 #include "protocol/input/ProtocolZone.h"
 
+#include "app/Data.h"
+#include "log/Logger.h"
+#include "model/Device.h"
+#include "model/ModelList.h"
+#include "model/Zone.h"
+#include "network/Fields.h"
+#include "protocol/DeviceState.h"
 #include "protocol/Request.h"
+#include "protocol/ZoneMembership.h"
+
+namespace
+{
+
+Device& addDevice(int id)
+{
+    auto made = std::make_unique<Device>();
+    made->setId(id);
+    Device& device = *Data::deviceList.append(std::move(made));
+    DeviceState::addToPage(device);
+    for (const DeviceCommand command :
+         {DeviceCommand::GetTitle, DeviceCommand::GetVolume, DeviceCommand::GetEqualizer,
+          DeviceCommand::GetConfig, DeviceCommand::GetState}) {
+        send(command, {{QStringLiteral("id"), id}});
+    }
+    return device;
+}
+
+} // namespace
 
 void inputProtocolZoneCommandReloadChanges(const QJsonObject&)
 {
     send(ZoneCommand::List);
+}
+
+void inputProtocolZoneCommandIncludeDevice(const QJsonObject& message)
+{
+    const auto zoneId = Fields::integer(message, "zoneId");
+    const auto deviceId = Fields::integer(message, "deviceId");
+    Zone* const zone = zoneId ? Data::getZoneById(*zoneId) : nullptr;
+    if (!zone || !deviceId) {
+        Data::logger.message("Ignored inclusion: no unit, or unknown zone");
+        return;
+    }
+    Device* const known = Data::getDeviceById(*deviceId);
+    ZoneMembership::include(*zone, known ? *known : addDevice(*deviceId));
+}
+
+void inputProtocolZoneCommandExcludeDevice(const QJsonObject& message)
+{
+    const auto zoneId = Fields::integer(message, "zoneId");
+    const auto deviceId = Fields::integer(message, "deviceId");
+    if (!zoneId || !deviceId) {
+        Data::logger.message("Ignored exclusion: no zone or no unit");
+        return;
+    }
+    if (Zone* const zone = Data::getZoneById(*zoneId)) {
+        zone->excludeDevice(*deviceId);
+    }
+    Device* const device = Data::getDeviceById(*deviceId);
+    if (!device) {
+        Data::logger.message(QStringLiteral("Ignored exclusion: unknown unit %1").arg(*deviceId));
+        return;
+    }
+    device->excludeFromZone(*zoneId);
+    if (*zoneId == Zone::everything || device->getZoneList().isEmpty()) {
+        ZoneMembership::forget(*deviceId);
+    } else {
+        ZoneMembership::showExcluded(*zoneId, *deviceId);
+    }
 }

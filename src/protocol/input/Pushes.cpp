@@ -2,6 +2,7 @@
 
 #include "app/Data.h"
 #include "log/Logger.h"
+#include "protocol/input/ProtocolDevice.h"
 #include "protocol/input/ProtocolHelper.h"
 #include "protocol/input/ProtocolLog.h"
 #include "protocol/input/ProtocolPlayback.h"
@@ -29,12 +30,12 @@ struct PushRow {
 constexpr PushRow pushes[] = {
     {"user", "reloadChanges", inputProtocolUserCommandReloadChanges},
     {"role", "reloadChanges", nullptr},
-    {"device", "setState", nullptr},
-    {"device", "reloadChanges", nullptr},
-    {"device", "startTranslation", nullptr},
+    {"device", "setState", inputProtocolDeviceCommandSetState},
+    {"device", "reloadChanges", inputProtocolDeviceCommandReloadChanges},
+    {"device", "startTranslation", inputProtocolDeviceCommandStartTranslation},
     {"zone", "reloadChanges", inputProtocolZoneCommandReloadChanges},
-    {"zone", "includeDevice", nullptr},
-    {"zone", "excludeDevice", nullptr},
+    {"zone", "includeDevice", inputProtocolZoneCommandIncludeDevice},
+    {"zone", "excludeDevice", inputProtocolZoneCommandExcludeDevice},
     {"task", "start", nullptr},
     {"task", "add", inputProtocolTaskCommandAdd},
     {"task", "enable", inputProtocolTaskCommandEnable},
