@@ -6,8 +6,6 @@
 #include "protocol/SessionHooks.h"
 #include "view/WebView.h"
 
-#include <QWebView>
-
 namespace Wiring
 {
 
@@ -22,7 +20,8 @@ void joinView()
     });
     sessionHooks().loginSucceeded = [view] { view->login_loginSuccess(); };
     sessionHooks().loginRefused = [view] { view->login_loginError(); };
-    sessionHooks().closeProgram = [view] { view->getView()->close(); };
+    sessionHooks().unlocked = [view] { view->resetBlockTimer(); };
+    sessionHooks().closeProgram = [view] { view->closeWindow(); };
 }
 
 } // namespace Wiring

@@ -21,7 +21,7 @@ constexpr CommandRow commands[] = {
     {"login", protocolUserCommandLogin},
     {"logout", protocolUserCommandLogout},
     {"delete"},
-    {"checkAccess"},
+    {"checkAccess", protocolUserCommandCheckAccess},
     {"edit"},
     {"getInfo", protocolUserCommandGetInfo},
     {"list"},

@@ -75,6 +75,11 @@ void WebView::loadPage(const QUrl& page)
     publishWrapper();
 }
 
+void WebView::closeWindow()
+{
+    view->close();
+}
+
 void WebView::publishWrapper()
 {
     view->page()->mainFrame()->addToJavaScriptWindowObject(QStringLiteral("wrapper"), this,

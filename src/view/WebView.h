@@ -22,6 +22,8 @@ public:
 
     /// The top-level window.
     QWebView* getView() const { return view.get(); }
+    /// Ends the program, as the operator's closing of the window does.
+    void closeWindow();
 
 public Q_SLOTS:
     // Frame: WebView.cpp
@@ -57,6 +59,9 @@ public Q_SLOTS:
     // Screen lock: Block.cpp
     void resetBlockTimer();
     void modal_blockShow();
+    void modal_tryUnblock(const QString& password);
+    void modal_tryUnblockAlarm(const QString& password);
+    void modal_tryUnblockTranslation(const QString& password);
 
     // Home page and lists of units: DeviceList.cpp
     void deviceList_listLoad();

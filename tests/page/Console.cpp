@@ -66,12 +66,12 @@ QString Console::page() const
 bool Console::waitForPage(const QString& name, int milliseconds) const
 {
     return QTest::qWaitFor(
-               [&] {
-                   return page() == name && value("typeof wrapper !== 'undefined' && "
-                                                  "document.readyState === 'complete'")
-                                                .toBool();
-               },
-               milliseconds);
+        [&] {
+            return page() == name && value("typeof wrapper !== 'undefined' && "
+                                           "document.readyState === 'complete'")
+                                         .toBool();
+        },
+        milliseconds);
 }
 
 QStringList Console::scriptErrors() const

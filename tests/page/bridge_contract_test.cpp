@@ -27,7 +27,8 @@ private:
     QSet<QString> slotForms;        ///< name/number of arguments
 };
 
-namespace {
+namespace
+{
 
 /// Slots that no page calls, and why.
 const QMap<QString, QString> slotsWithoutPage = {
@@ -43,11 +44,36 @@ const QMap<QString, QString> slotsWithoutPage = {
     {"modal_blockShow", "connected to the lock's timer"},
 };
 
-/// Functions that native code calls and no page defines yet: those of pages still to come, and one
-/// that has no use on any page.
-const QSet<QString> functionsWithoutPage = {
-    "wrapperInput_server_setAvailableServerVersion",
+/// Beginnings of slots and functions whose pages are still to come: the side that exists is tested
+/// by itself. A page takes its row away.
+const QVector<QPair<const char*, const char*>> pagesToCome = {
+    {"deviceList_", "home page"},
+    {"deviceInfo_", "device page"},
+    {"menu_loadDeviceInfo", "device page"},
+    {"menu_zoneLoadList", "home page"},
+    {"menu_subZoneLoad", "home page"},
+    {"zone_", "device page"},
+    {"wrapperInput_device_", "home and device page"},
+    {"wrapperInput_deviceLine_", "device page"},
+    {"wrapperInput_zone_", "home page"},
+    {"modalDevice", "device page"},
+    {"modalAdminDevice", "device page"},
+    {"modalAdminTitleExists", "device administration"},
+    {"saveDeviceConfig", "device administration"},
+    {"modalAdminZone", "zone administration"},
+    {"modalAdminEditZone", "zone administration"},
+    {"modalAdminAddZone", "zone administration"},
+    {"modalAdminDeleteZone", "zone administration"},
+    {"wrapperInput_user_", "users"},
+    {"wrapperInput_server_", "server settings"},
+    {"zoneParseChilds", "home page"},
 };
+
+bool isToCome(const QString& name)
+{
+    return std::any_of(pagesToCome.begin(), pagesToCome.end(),
+                       [&](const auto& row) { return name.startsWith(QLatin1String(row.first)); });
+}
 
 struct Call {
     QString name;
@@ -138,7 +164,8 @@ QSet<QString> calledFunctions(const QMap<QString, QString>& sources)
 bool isDefined(const QString& name, const QMap<QString, QString>& pages)
 {
     const QRegularExpression definition(
-        QStringLiteral("function\\s+%1\\s*\\(|\\b%1\\s*=\\s*(?:function|\\()|notice\\(\\s*[\"']%1[\"']")
+        QStringLiteral(
+            "function\\s+%1\\s*\\(|\\b%1\\s*=\\s*(?:function|\\()|notice\\(\\s*[\"']%1[\"']")
             .arg(name));
     return std::any_of(pages.begin(), pages.end(),
                        [&](const QString& text) { return definition.match(text).hasMatch(); });
@@ -164,8 +191,9 @@ void BridgeContractTest::initTestCase()
 
 void BridgeContractTest::findsCallsWithTheirArguments()
 {
-    const QVector<Call> calls = wrapperCalls(
-        "wrapper.one(); if (a) { wrapper . x; wrapper.two(f(1, 2), 'a,)b') } wrapper.three([1,2], {a: 1}, \"\\\"\")");
+    const QVector<Call> calls =
+        wrapperCalls("wrapper.one(); if (a) { wrapper . x; wrapper.two(f(1, 2), 'a,)b') } "
+                     "wrapper.three([1,2], {a: 1}, \"\\\"\")");
     QCOMPARE(calls.size(), 3);
     QCOMPARE(calls.at(0).arguments, 0);
     QCOMPARE(calls.at(1).arguments, 2);
@@ -197,7 +225,7 @@ void BridgeContractTest::eachSlotIsCalledByAPage()
     QStringList forgotten;
     for (const QString& form : qAsConst(slotForms)) {
         const QString name = form.section('/', 0, 0);
-        if (!called.contains(name) && !slotsWithoutPage.contains(name)) {
+        if (!called.contains(name) && !slotsWithoutPage.contains(name) && !isToCome(name)) {
             forgotten.append(name);
         }
     }
@@ -211,7 +239,7 @@ void BridgeContractTest::nativeCodeCallsFunctionsThatPagesDefine()
     QVERIFY(!isDefined("modalNobodyDefinesThis", pages));
     QStringList missing;
     for (const QString& name : names) {
-        if (!isDefined(name, pages) && !functionsWithoutPage.contains(name)) {
+        if (!isDefined(name, pages) && !isToCome(name)) {
             missing.append(name);
         }
     }

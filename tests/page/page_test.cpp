@@ -2,11 +2,14 @@
 #include "model/ModelList.h"
 #include "model/ServerSettings.h"
 #include "model/User.h"
+#include "network/NetworkParser.h"
+#include "network/TcpClient.h"
 #include "page/Console.h"
 #include "page/ScriptCall.h"
 #include "view/LocalPage.h"
 #include "view/WebView.h"
 
+#include <QJsonDocument>
 #include <QNetworkInterface>
 #include <QTcpServer>
 #include <QUdpSocket>
@@ -43,16 +46,25 @@ private Q_SLOTS:
     void f11TogglesFullScreen();
     void aboutShowsBothVersions();
     void clockRunsOnFromTheServersTime();
+    void lockOpensWithThePasswordOnly();
+    void alarmDialogsOpenTheirPages_data();
+    void alarmDialogsOpenTheirPages();
+    void administrationShowsWhatTheRoleAllows();
+    void lostSectionFallsBackAndKeepsTheLock();
+    void arrowKeysWalkTheList();
     void windowGeometryIsSavedAtClose();
 
 private:
     void showLogin();
     void showFrame();
+    QJsonObject lastRequest() const;
+    void answerLastRequest(const QString& response) const;
 
     std::unique_ptr<Console> console;
 };
 
-namespace {
+namespace
+{
 
 const QString hostile = QStringLiteral("\"><img src=x onerror=\"window.pwned=1\">'\\\n</script>");
 
@@ -75,7 +87,20 @@ void PageTest::showFrame()
 {
     console->load(LocalPage::sessionUrl);
     QVERIFY(console->waitForPage("index.html"));
-    QVERIFY(console->waitFor("$('#top_menu #device_list').length > 0 && $('#modalShowVersion').length > 0"));
+    QVERIFY(console->waitFor(
+        "$('#top_menu #device_list').length > 0 && $('#modalShowVersion').length > 0"));
+}
+
+QJsonObject PageTest::lastRequest() const
+{
+    const QVector<QByteArray>& queue = Data::tcpClient.queuedMessages();
+    return queue.isEmpty() ? QJsonObject() : QJsonDocument::fromJson(queue.last()).object();
+}
+
+void PageTest::answerLastRequest(const QString& response) const
+{
+    QJsonObject reply{{"order", lastRequest().value("order")}, {"response", response}};
+    Data::parser.parse(QJsonDocument(reply).toJson());
 }
 
 void PageTest::reachesNothingOutside_data()
@@ -90,9 +115,8 @@ void PageTest::reachesNothingOutside_data()
                                "document.body.appendChild(s);";
     QTest::newRow("style") << "$('<link rel=stylesheet>').attr('href', '%1').appendTo('head');";
     QTest::newRow("socket") << "new WebSocket('%1'.replace('http', 'ws'));";
-    QTest::newRow("socket of a frame")
-        << "var f = $('<iframe>').appendTo('body')[0]; new "
-           "f.contentWindow.WebSocket('%1'.replace('http', 'ws'));";
+    QTest::newRow("socket of a frame") << "var f = $('<iframe>').appendTo('body')[0]; new "
+                                          "f.contentWindow.WebSocket('%1'.replace('http', 'ws'));";
     QTest::newRow("events") << "new EventSource('%1');";
     QTest::newRow("form") << "$('<form method=post>').attr('action', "
                              "'%1').appendTo('body')[0].submit();";
@@ -166,13 +190,20 @@ void PageTest::refusesBadServerAddresses_data()
 {
     QTest::addColumn<QString>("ip");
     QTest::addColumn<QString>("port");
-    QTest::newRow("host name") << "server.local" << "2049";
-    QTest::newRow("too short") << "10.0.0" << "2049";
-    QTest::newRow("empty") << "" << "2049";
-    QTest::newRow("script") << "1.1.1.1');x('" << "2049";
-    QTest::newRow("no port") << "10.0.0.1" << "";
-    QTest::newRow("port is text") << "10.0.0.1" << "abc";
-    QTest::newRow("port too large") << "10.0.0.1" << "70000";
+    QTest::newRow("host name") << "server.local"
+                               << "2049";
+    QTest::newRow("too short") << "10.0.0"
+                               << "2049";
+    QTest::newRow("empty") << ""
+                           << "2049";
+    QTest::newRow("script") << "1.1.1.1');x('"
+                            << "2049";
+    QTest::newRow("no port") << "10.0.0.1"
+                             << "";
+    QTest::newRow("port is text") << "10.0.0.1"
+                                  << "abc";
+    QTest::newRow("port too large") << "10.0.0.1"
+                                    << "70000";
 }
 
 void PageTest::refusesBadServerAddresses()
@@ -183,8 +214,9 @@ void PageTest::refusesBadServerAddresses()
     const QString fill = QString(QStringLiteral("$('#server').val(%1); $('#port').val(%2);"))
                              .arg(Page::literal(ip), Page::literal(port));
     console->value(fill + "modalAddServerHide();");
-    QVERIFY(console->waitFor("$('#modalAddServer').hasClass('in') && $('#server').val() === '' && "
-                             "$('#port').val() === '2049' && $('#modalAddServer .has-error').length > 0"));
+    QVERIFY(console->waitFor(
+        "$('#modalAddServer').hasClass('in') && $('#server').val() === '' && "
+        "$('#port').val() === '2049' && $('#modalAddServer .has-error').length > 0"));
     QCOMPARE(console->servers().size(), 0);
     console->picture("login-bad-address");
 }
@@ -213,7 +245,8 @@ void PageTest::hostileAddressIsText()
     QVERIFY(console->waitFor("$('#modalError').hasClass('in')"));
     QCOMPARE(console->text("$('#errorLabel').text()"), hostile);
     QVERIFY(console->text("$('#serverSelect').val()").contains("<img"));
-    QVERIFY(console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
+    QVERIFY(
+        console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
 }
 
 void PageTest::versionMismatchIsTold_data()
@@ -253,7 +286,8 @@ void PageTest::frameAsksForWhatItMissed()
     Data::userList.append(std::move(user));
     showFrame();
     QVERIFY(console->waitFor("$('#global_user_name').text().indexOf('Дежурный инженер') >= 0"));
-    QVERIFY(console->waitFor("!$('#loadingModal').is(':visible') && $('.modal-backdrop').length === 0"));
+    QVERIFY(console->waitFor(
+        "!$('#loadingModal').is(':visible') && $('.modal-backdrop').length === 0"));
     console->picture("frame");
 
     Data::userList.clear();
@@ -273,7 +307,8 @@ void PageTest::hostileUserTitleIsText()
     QVERIFY(console->waitFor("$('#modalShowVersion').hasClass('in')"));
     QVERIFY(console->text("$('#global_user_name').text()").contains("<img"));
     QVERIFY(console->text("$('#info_server_version').text()").contains("<img"));
-    QVERIFY(console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
+    QVERIFY(
+        console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
     Data::serverSettings.setServerVersion(QString());
 }
 
@@ -282,7 +317,8 @@ void PageTest::missingFragmentEmptiesItsRegion()
     showFrame();
     console->value("$('#main').append($('<p>')); loadMainBody('nowhere');"
                    "$('#modal').append($('<p>')); loadModal('nowhere');");
-    QVERIFY(console->waitFor("$('#main').children().length === 0 && $('#modal').children().length === 0"));
+    QVERIFY(console->waitFor(
+        "$('#main').children().length === 0 && $('#modal').children().length === 0"));
 }
 
 void PageTest::laterLoadOfARegionWins()
@@ -292,8 +328,8 @@ void PageTest::laterLoadOfARegionWins()
     QVERIFY(console->waitFor("$('#top_menu #device_list').length > 0"));
     console->value("loadTopMenu('device_list'); loadTopMenu('nowhere');");
     QVERIFY(console->waitFor("$('#top_menu').children().length === 0"));
-    QVERIFY(!QTest::qWaitFor([&] { return console->value("$('#top_menu').children().length > 0").toBool(); },
-                             300));
+    QVERIFY(!QTest::qWaitFor(
+        [&] { return console->value("$('#top_menu').children().length > 0").toBool(); }, 300));
 }
 
 void PageTest::f11TogglesFullScreen()
@@ -327,6 +363,134 @@ void PageTest::clockRunsOnFromTheServersTime()
     Page::call("wrapperInput_global_setTime", QStringLiteral("2026-11-22 10:00:28"), 3);
     Page::call("wrapperInput_global_setTime", QStringLiteral("2026-11-22 10:00:28"), 3);
     QVERIFY(console->waitFor("/:30$/.test($('#clock').text())"));
+}
+
+void PageTest::lockOpensWithThePasswordOnly()
+{
+    showFrame();
+    console->value("modalLoadingHide()");
+    console->view().modal_blockShow();
+    console->view().modal_blockShow(); // comes again after each idle period
+    QVERIFY(console->waitFor("$('#blockModal').hasClass('in') && "
+                             "document.activeElement.id === 'block_password'"));
+    console->picture("lock");
+    QTest::keyClick(console->view().getView(), Qt::Key_Escape);
+    QVERIFY(console->value("$('#blockModal').hasClass('in')").toBool());
+
+    console->value("$('#block_password').val('мимо'); tryUnblock()");
+    QCOMPARE(lastRequest().value("action").toString(), QStringLiteral("checkAccess"));
+    QCOMPARE(lastRequest().value("target").toString(), QStringLiteral("login"));
+    QCOMPARE(lastRequest().value("password").toString(),
+             QStringLiteral("9cef944afe518ebd92735ed94e250e31"));
+    answerLastRequest("forbidden");
+    QVERIFY(console->waitFor("$('#blockModalWrongPassword').hasClass('in') && "
+                             "$('#block_group').hasClass('has-error') && "
+                             "$('#block_password').val() === ''"));
+    QVERIFY(console->value("$('#blockModal').hasClass('in')").toBool());
+    console->picture("lock-refused");
+
+    console->value("modalBlockWrongPasswordHide(); $('#block_password').val('x'); tryUnblock()");
+    answerLastRequest("success");
+    QVERIFY(console->waitFor("!$('#blockModal').is(':visible') && "
+                             "!$('#blockModalWrongPassword').is(':visible')"));
+}
+
+void PageTest::alarmDialogsOpenTheirPages_data()
+{
+    QTest::addColumn<QString>("open");
+    QTest::addColumn<QString>("dialog");
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("ask");
+    QTest::newRow("messages") << "warningBlock()"
+                              << "#warning_access"
+                              << "#alarm_password"
+                              << "tryWarningUnblock()";
+    QTest::newRow("microphone") << "microphoneBlock()"
+                                << "#microphone_access"
+                                << "#translation_password"
+                                << "tryMicrophoneUnblock()";
+}
+
+void PageTest::alarmDialogsOpenTheirPages()
+{
+    QFETCH(QString, open);
+    QFETCH(QString, dialog);
+    QFETCH(QString, field);
+    QFETCH(QString, ask);
+    showFrame();
+    const QString isOpen = QStringLiteral("$('%1').hasClass('in')").arg(dialog);
+    console->value("modalLoadingHide();" + open);
+    QVERIFY(console->waitFor(isOpen));
+    console->value(QStringLiteral("$('%1').val('x');").arg(field) + ask);
+    QCOMPARE(lastRequest().value("target").toString(), QStringLiteral("alarm"));
+    answerLastRequest("forbidden");
+    QVERIFY(
+        console->value(isOpen + QStringLiteral(" && $('%1 .has-error').length === 1").arg(dialog))
+            .toBool());
+    QCOMPARE(Data::waitForAlarm, 0);
+    console->value(QStringLiteral("$('%1').val('x');").arg(field) + ask);
+    answerLastRequest("success");
+    QVERIFY(console->waitFor("!" + isOpen));
+    QVERIFY(console->waitFor("$('#top_menu #device_list').length === 0"));
+}
+
+void PageTest::administrationShowsWhatTheRoleAllows()
+{
+    showFrame();
+    console->value(
+        "modalLoadingHide(); wrapperInput_roleGlobal_enable(); $('#menu_admin').click()");
+    QVERIFY(console->waitFor("$('.admin_menu_active').attr('id') === 'admin_users' && "
+                             "$('#back').length === 1"));
+    console->picture("administration");
+    Page::call("wrapperInput_roleGlobal_editDeviceManagement", 0, "r", 0);
+    QVERIFY(console->value("$('.admin_menu.hidden').length === 4").toBool());
+    Page::call("wrapperInput_roleGlobal_editDeviceManagement", 0, "r", 1);
+    QVERIFY(console->value("$('.admin_menu.hidden').length === 0").toBool());
+    console->value("$('#admin_log').click()");
+    QVERIFY(console->waitFor("$('.admin_menu_active').attr('id') === 'admin_log'"));
+    console->value("$('#back').click()");
+    QVERIFY(
+        console->waitFor("$('#top_menu #device_list').length === 1 && $('#back').length === 0"));
+    console->value("$('#menu_settings').click()");
+    QVERIFY(console->waitFor("$('.settings_menu_active').attr('id') === 'files' && "
+                             "$('#back').length === 1"));
+    console->picture("settings");
+}
+
+void PageTest::lostSectionFallsBackAndKeepsTheLock()
+{
+    showFrame();
+    console->value("modalLoadingHide(); $('#menu_admin').click()");
+    QVERIFY(console->waitFor("$('.admin_menu_active').attr('id') === 'admin_users'"));
+    console->value("block()");
+    QVERIFY(console->waitFor("$('#blockModal').hasClass('in')"));
+    Page::call("wrapperInput_roleGlobal_editUserManagement", 0, "r", 0);
+    QVERIFY(console->waitFor("$('#top_menu #device_list').length === 1 && "
+                             "$('#adminRolePermissionLost').hasClass('in')"));
+    QVERIFY(console->value("$('#blockModal').hasClass('in')").toBool());
+}
+
+void PageTest::arrowKeysWalkTheList()
+{
+    showFrame();
+    console->value("modalLoadingHide(); $('#menu_admin').click()");
+    QVERIFY(console->waitFor("$('.admin_menu_active').attr('id') === 'admin_users'"));
+    console->value("window.selected = []; window.wrapper_AdminUser_LoadUser = function (id) { "
+                   "selected.push(id); };"
+                   "$('#main').html(\"<div id='userList' style='height: 200px'><p id='7' "
+                   "class='user_active'>a</p><p id='8'>b</p></div>\")");
+    QWebView* const view = console->view().getView();
+    view->setFocus();
+    QTest::mouseMove(view, QPoint(900, 700));
+    QTest::keyClick(view, Qt::Key_Down);
+    QCOMPARE(console->text("selected.join()"), QString());
+    QTest::mouseMove(view, QPoint(400, 120));
+    QVERIFY(console->waitFor("document.querySelector('#userList:hover') !== null"));
+    QTest::keyClick(view, Qt::Key_Down);
+    QTest::keyClick(view, Qt::Key_Down); // there is no further row
+    QTest::keyClick(view, Qt::Key_Up);
+    QCOMPARE(console->text("selected.join()"), QStringLiteral("8,7"));
+    QCOMPARE(console->text("$('.user_active').attr('id')"), QStringLiteral("7"));
 }
 
 void PageTest::windowGeometryIsSavedAtClose()

@@ -38,7 +38,8 @@ private:
     quint16 port = 0;
 };
 
-namespace {
+namespace
+{
 
 const char* const isModalOpen = "$('#%1').is(':visible') && $('#%1').hasClass('in')";
 
@@ -87,16 +88,18 @@ void SessionTest::init()
 {
     QVERIFY(console->waitForPage("login.html"));
     console->load(LocalPage::loginUrl);
-    QVERIFY(console->waitFor("$('#serverSelect option').length > 0 && "
-                             "typeof modalErrorShow === 'function' && $('#modalError').length > 0"));
+    QVERIFY(
+        console->waitFor("$('#serverSelect option').length > 0 && "
+                         "typeof modalErrorShow === 'function' && $('#modalError').length > 0"));
 }
 
 void SessionTest::logIn(const QString& user)
 {
     console->logIn(user, user);
     QVERIFY(console->waitForPage("index.html"));
-    QVERIFY(console->waitFor("typeof loadMainBody === 'function' && "
-                             "!$('#loadingModal').is(':visible') && $('#top_menu').children().length > 0"));
+    QVERIFY(console->waitFor(
+        "typeof loadMainBody === 'function' && "
+        "!$('#loadingModal').is(':visible') && $('#top_menu').children().length > 0"));
 }
 
 void SessionTest::wrongPasswordIsToldAndLeavesTheLoginPage()
@@ -108,7 +111,8 @@ void SessionTest::wrongPasswordIsToldAndLeavesTheLoginPage()
     console->picture("login-refused");
     // The server closes the refused connection: the dialog must stay.
     Data::tcpClient.exit();
-    QVERIFY(!QTest::qWaitFor([&] { return !console->value(modalOpen("modalError")).toBool(); }, 300));
+    QVERIFY(
+        !QTest::qWaitFor([&] { return !console->value(modalOpen("modalError")).toBool(); }, 300));
     QVERIFY(!Data::getCurrentUser());
 }
 
