@@ -95,6 +95,15 @@ function whenWrapperIsThere(action) {
     }
 }
 
+// A dialog on top of others darkens them too.
+$(document).on("show.bs.modal", ".modal", function () {
+    var below = $(".modal.in").not(this).length;
+    $(this).css("z-index", 1050 + 20 * below);
+    setTimeout(function () {
+        $(".modal-backdrop").last().css("z-index", 1040 + 20 * below);
+    }, 0);
+});
+
 // In every dialog the focus goes to the first field or button, Enter accepts and Esc cancels where
 // the dialog has a button for it.
 $(document).on("shown.bs.modal", ".modal", function () {
