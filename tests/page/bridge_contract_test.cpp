@@ -47,15 +47,15 @@ const QMap<QString, QString> slotsWithoutPage = {
 /// Beginnings of slots and functions whose pages are still to come: the side that exists is tested
 /// by itself. A page takes its row away.
 const QVector<QPair<const char*, const char*>> pagesToCome = {
-    {"deviceList_", "home page"},
+    {"deviceList_listSelectLoad", "playback page"},
+    {"deviceList_playAudio", "device page"},
+    {"deviceList_stopAudio", "device page"},
     {"deviceInfo_", "device page"},
     {"menu_loadDeviceInfo", "device page"},
-    {"menu_zoneLoadList", "home page"},
-    {"menu_subZoneLoad", "home page"},
+    {"menu_subZoneLoad", "the zones come in one list"},
     {"zone_", "device page"},
-    {"wrapperInput_device_", "home and device page"},
+    {"wrapperInput_device_", "device page"},
     {"wrapperInput_deviceLine_", "device page"},
-    {"wrapperInput_zone_", "home page"},
     {"modalDevice", "device page"},
     {"modalAdminDevice", "device page"},
     {"modalAdminTitleExists", "device administration"},
@@ -66,7 +66,6 @@ const QVector<QPair<const char*, const char*>> pagesToCome = {
     {"modalAdminDeleteZone", "zone administration"},
     {"wrapperInput_user_", "users"},
     {"wrapperInput_server_", "server settings"},
-    {"zoneParseChilds", "home page"},
 };
 
 bool isToCome(const QString& name)

@@ -32,6 +32,8 @@ private Q_SLOTS:
 private:
     void startServer(quint16 port = 0);
     void logIn(const QString& user);
+    void volumeFollowsTheAnswer();
+    void zoneFiltersTheTiles();
 
     std::unique_ptr<Console> console;
     std::unique_ptr<QProcess> server;
@@ -135,7 +137,12 @@ void SessionTest::sessionFromLoginToLogout()
     QVERIFY(console->waitFor("/^\\d\\d:\\d\\d:\\d\\d$/.test($('#clock').text())"));
     const QString time = console->text("$('#clock').text()");
     QVERIFY(console->waitFor(QStringLiteral("$('#clock').text() !== '%1'").arg(time)));
+    QVERIFY(console->waitFor("$('.kelpa_item').length === 24 && $('.zone').length > 5"));
+    console->value("$('.tile_select:not(.disabled)').slice(0, 3).click()");
+    QVERIFY(console->text("$('#selected_devices').text()").endsWith(" 3"));
     console->picture("session");
+    volumeFollowsTheAnswer();
+    zoneFiltersTheTiles();
 
     console->value("$('#menu_about').click()");
     QVERIFY(console->waitFor(modalOpen("modalShowVersion")));
@@ -149,6 +156,26 @@ void SessionTest::sessionFromLoginToLogout()
     QVERIFY(Data::zoneList.isEmpty());
     QCOMPARE(Data::localPort, 0);
     QCOMPARE(console->scriptErrors(), QStringList());
+}
+
+void SessionTest::volumeFollowsTheAnswer()
+{
+    const QString volumes =
+        "$('.tile_select.fa-check-square-o').closest('.tile').find('.tile_volume div').toArray()"
+        ".map(function (bar) { return $(bar).data('value'); }).join()";
+    console->value("$('#volume_value').val(37).mouseup()");
+    QVERIFY(console->text(volumes) != "37,37,37");
+    QVERIFY(console->waitFor(volumes + " === '37,37,37'"));
+}
+
+void SessionTest::zoneFiltersTheTiles()
+{
+    console->value("$('.zone_hard').eq(2).click()");
+    const QString shown = "$('.tile:visible').length";
+    QVERIFY(console->waitFor(shown + " > 0 && " + shown + " < 24"));
+    console->picture("session-zone");
+    console->value("$('#zone_0').click()");
+    QVERIFY(console->waitFor(shown + " === 24"));
 }
 
 void SessionTest::lostConnectionReturnsToTheLoginPage()
