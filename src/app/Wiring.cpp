@@ -22,6 +22,7 @@ void joinView()
     });
     sessionHooks().loginSucceeded = [view] { view->login_loginSuccess(); };
     sessionHooks().loginRefused = [view] { view->login_loginError(); };
+    sessionHooks().lockOpened = [view] { view->resetBlockTimer(); };
     sessionHooks().closeProgram = [view] { view->getView()->close(); };
 }
 
