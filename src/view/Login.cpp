@@ -9,9 +9,9 @@
 #include "page/ScriptCall.h"
 #include "protocol/Request.h"
 #include "view/LocalPage.h"
+#include "view/PasswordDigest.h"
 #include "view/ServerAddress.h"
 
-#include <QCryptographicHash>
 #include <QSettings>
 #include <QWebView>
 
@@ -26,12 +26,6 @@ std::optional<Server> serverToLogInTo(const QString& address)
         return Server{ip, port, false};
     }
     return Data::serverList->getDefault();
-}
-
-QString passwordDigest(const QString& password)
-{
-    const QByteArray digest = QCryptographicHash::hash(password.toUtf8(), QCryptographicHash::Md5);
-    return QString::fromLatin1(digest.toHex());
 }
 
 void appendAllZones()
