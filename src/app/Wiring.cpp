@@ -20,7 +20,7 @@ void joinView()
     });
     sessionHooks().loginSucceeded = [view] { view->login_loginSuccess(); };
     sessionHooks().loginRefused = [view] { view->login_loginError(); };
-    sessionHooks().unlocked = [view] { view->resetBlockTimer(); };
+    sessionHooks().lockOpened = [view] { view->resetBlockTimer(); };
     sessionHooks().closeProgram = [view] { view->closeWindow(); };
 }
 

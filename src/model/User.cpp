@@ -26,3 +26,8 @@ void User::setStatus(bool connected)
     Page::call(connected ? "wrapperInput_user_login" : "wrapperInput_user_logout", id);
     status = connected;
 }
+
+void User::addToPage() const
+{
+    Page::call("wrapperInput_user_add", id, name, title, status, current);
+}

@@ -12,6 +12,8 @@ public:
     /// The login name, unique.
     const QString& getName() const { return name; }
     void setName(const QString& userName);
+    /// Whether that is the account that every server has: its title stays, and so does the account.
+    static bool isAdmin(const QString& userName) { return userName == QLatin1String("admin"); }
     /// The display name.
     const QString& getTitle() const { return title; }
     /// Also writes the header, changed or not, if this is the logged-in user.
@@ -28,6 +30,9 @@ public:
     /// The user's stored values; an unknown key gives an empty text.
     QString getValue(const QString& key) const { return values.value(key); }
     void setValue(const QString& key, const QString& value) { values.insert(key, value); }
+
+    /// Adds the user's row to the page.
+    void addToPage() const;
 
 private:
     int id = 0;

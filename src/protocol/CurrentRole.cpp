@@ -2,7 +2,6 @@
 
 #include "app/Data.h"
 #include "model/Role.h"
-#include "page/ScriptCall.h"
 
 bool mayManageZones()
 {
@@ -13,15 +12,13 @@ bool mayManageZones()
 void showZoneManagement()
 {
     if (const Role* const role = Data::getCurrentRole()) {
-        Page::call("wrapperInput_roleGlobal_editZoneManagement", role->getId(), role->getName(),
-                   role->getZoneManagement());
+        role->showToOperator(Role::Right::Zone);
     }
 }
 
 void showDeviceManagement()
 {
     if (const Role* const role = Data::getCurrentRole()) {
-        Page::call("wrapperInput_roleGlobal_editDeviceManagement", role->getId(), role->getName(),
-                   role->getDeviceManagement());
+        role->showToOperator(Role::Right::Device);
     }
 }

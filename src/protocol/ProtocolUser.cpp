@@ -1,6 +1,7 @@
 #include "protocol/ProtocolUser.h"
 
 #include "app/Data.h"
+#include "log/LogSettings.h"
 #include "log/Logger.h"
 #include "model/ModelList.h"
 #include "model/Role.h"
@@ -12,22 +13,41 @@
 #include "protocol/Reply.h"
 #include "protocol/Request.h"
 #include "protocol/SessionHooks.h"
+#include "protocol/UserAccounts.h"
 
 namespace
 {
 
 constexpr CommandRow commands[] = {
-    {"add"},
+    {"add", protocolUserCommandAdd},
     {"login", protocolUserCommandLogin},
     {"logout", protocolUserCommandLogout},
-    {"delete"},
+    {"delete", protocolUserCommandDelete},
     {"checkAccess", protocolUserCommandCheckAccess},
-    {"edit"},
+    {"edit", protocolUserCommandEdit},
     {"getInfo", protocolUserCommandGetInfo},
-    {"list"},
-    {"getConnected"},
-    {"saveValue"},
-    {"loadValue"},
+    {"list", protocolUserCommandList},
+    {"getConnected", protocolUserCommandGetConnected},
+    {"saveValue", protocolUserCommandSaveValue},
+    {"loadValue", protocolUserCommandLoadValue},
+};
+
+/// The page behind an alarm password, and what its dialog does.
+struct AlarmPage {
+    WaitForAlarm waiting;
+    const char* closeDialog;
+    const char* markWrong;
+    const char* topMenu;
+    const char* mainBody;
+    const char* bottomMenu;
+    const char* modal;
+};
+
+constexpr AlarmPage alarmPages[] = {
+    {WaitForAlarmMessages, "warningUnblock", "modal_alarm_error", "alarm_list", "alarm_list",
+     "alarm_messages_list", "alarm"},
+    {WaitForAlarmMicrophone, "microphoneUnblock", "modal_translation_error", "translation",
+     "translation", "translation", "translation"},
 };
 
 void runHook(const std::function<void()>& hook)
@@ -43,7 +63,56 @@ User* takeCurrentUser(const QString& name)
     if (User* const known = Data::getUserByName(name)) {
         return known;
     }
-    return Data::userList.append(std::make_unique<User>());
+    auto user = std::make_unique<User>();
+    if (Data::userList.find(user->getId())) {
+        user->setId(nextUserId());
+    }
+    return Data::userList.append(std::move(user));
+}
+
+void logWrongPassword()
+{
+    Data::logger.message("access_error: forbbiden", LogLevel::AccessError);
+}
+
+void answerLock(const QJsonObject& reply)
+{
+    if (succeeded(reply)) {
+        Page::call("unblock");
+        runHook(sessionHooks().lockOpened);
+    } else if (response(reply) == QLatin1String("forbidden")) {
+        logWrongPassword();
+        Page::call("modalBlockError");
+        Page::call("modalBlockWrongPassword");
+    }
+}
+
+void openAlarmPage(const AlarmPage& page)
+{
+    Page::call(page.closeDialog);
+    Page::call("loadSideMenu", "alarm_zone_list");
+    Page::call("loadTopMenu", page.topMenu);
+    Page::call("loadMainBody", page.mainBody);
+    Page::call("loadBotMenu", page.bottomMenu);
+    Page::call("loadModal", page.modal);
+}
+
+void answerAlarm(const QJsonObject& reply)
+{
+    const bool isWrong = response(reply) == QLatin1String("forbidden");
+    const auto page =
+        std::find_if(std::begin(alarmPages), std::end(alarmPages),
+                     [](const AlarmPage& each) { return each.waiting == Data::waitForAlarm; });
+    if (page == std::end(alarmPages) || !(isWrong || succeeded(reply))) {
+        return;
+    }
+    Data::waitForAlarm = WaitForNothing;
+    if (isWrong) {
+        logWrongPassword();
+        Page::call(page->markWrong);
+    } else {
+        openAlarmPage(*page);
+    }
 }
 
 } // namespace
@@ -117,4 +186,14 @@ void protocolUserCommandGetInfo(const QJsonObject& reply)
         user->setTitle(*title);
     }
     Page::call("modalLoadingHide");
+}
+
+void protocolUserCommandCheckAccess(const QJsonObject& reply)
+{
+    const auto target = Fields::text(request(reply), "target");
+    if (target == QStringLiteral("login")) {
+        answerLock(reply);
+    } else if (target == QStringLiteral("alarm")) {
+        answerAlarm(reply);
+    }
 }

@@ -1,23 +1,42 @@
 #include "view/WebView.h"
 
 #include "app/Data.h"
+#include "log/LogSettings.h"
 #include "log/Logger.h"
 #include "page/ScriptCall.h"
-#include "protocol/AccessCheck.h"
+#include "protocol/ProtocolUser.h"
 #include "protocol/Request.h"
+#include "view/PasswordDigest.h"
 
 #include <QSettings>
 #include <QTimer>
 
+#include <algorithm>
+#include <limits>
+
 namespace
 {
 
-constexpr int defaultBlockMilliseconds = 600000;
+constexpr int millisecondsInMinute = 60000;
+constexpr int defaultBlockMilliseconds = 10 * millisecondsInMinute;
+constexpr int longestMinutes = std::numeric_limits<int>::max() / millisecondsInMinute;
 
-/// Asks the server whether the password is the user's: `target` is "login" or "alarm".
-void askAccess(const QString& target, const QString& password)
+/// The idle time that locks, read afresh each time. A value that is no time gives the default: a
+/// lock that comes back at once could never be opened.
+int blockMilliseconds()
 {
-    send(UserCommand::CheckAccess, {{QStringLiteral("target"), target},
+    const int stored = Data::settings->value(QStringLiteral("admin/block_time")).toInt();
+    return stored > 0 ? stored : defaultBlockMilliseconds;
+}
+
+void showBlockTime()
+{
+    Page::call("loadBlockTime", blockMilliseconds() / millisecondsInMinute);
+}
+
+void checkAccess(const char* target, const QString& password)
+{
+    send(UserCommand::CheckAccess, {{QStringLiteral("target"), QLatin1String(target)},
                                     {QStringLiteral("password"), passwordDigest(password)}});
 }
 
@@ -25,9 +44,7 @@ void askAccess(const QString& target, const QString& password)
 
 void WebView::startBlockTimer()
 {
-    blockTimer->start(
-        Data::settings->value(QStringLiteral("admin/block_time"), defaultBlockMilliseconds)
-            .toInt());
+    blockTimer->start(blockMilliseconds());
 }
 
 void WebView::resetBlockTimer()
@@ -47,19 +64,40 @@ void WebView::modal_blockShow()
 void WebView::modal_tryUnblock(const QString& password)
 {
     Data::logger.message("access_tryUnblock");
-    askAccess(QStringLiteral("login"), password);
+    checkAccess("login", password);
 }
 
 void WebView::modal_tryUnblockAlarm(const QString& password)
 {
     Data::logger.message("access_tryUnblockAlarm");
-    Data::waitForAlarm = AlarmAccess::Messages;
-    askAccess(QStringLiteral("alarm"), password);
+    Data::waitForAlarm = WaitForAlarmMessages;
+    checkAccess("alarm", password);
 }
 
 void WebView::modal_tryUnblockTranslation(const QString& password)
 {
     Data::logger.message("access_tryUnblockTranslation");
-    Data::waitForAlarm = AlarmAccess::Microphone;
-    askAccess(QStringLiteral("alarm"), password);
+    Data::waitForAlarm = WaitForAlarmMicrophone;
+    checkAccess("alarm", password);
+}
+
+void WebView::settings_block_init()
+{
+    Data::logger.message("settings_block_init");
+    showBlockTime();
+    Page::call("loadBlockStatus", Data::blockStatus);
+}
+
+void WebView::settings_block_save(bool enabled, int minutes)
+{
+    Data::logger.message(QStringLiteral("settings_block_save: %1").arg(minutes),
+                         LogLevel::ClientSettings);
+    if (minutes <= 0) {
+        showBlockTime();
+    }
+    Data::settings->setValue(QStringLiteral("admin/block_time"),
+                             std::clamp(minutes, 1, longestMinutes) * millisecondsInMinute);
+    Data::blockStatus = enabled;
+    Data::settings->setValue(QStringLiteral("admin/block_enable"), enabled);
+    resetBlockTimer();
 }

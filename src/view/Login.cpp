@@ -7,9 +7,9 @@
 #include "model/Zone.h"
 #include "network/TcpClient.h"
 #include "page/ScriptCall.h"
-#include "protocol/AccessCheck.h"
 #include "protocol/Request.h"
 #include "view/LocalPage.h"
+#include "view/PasswordDigest.h"
 #include "view/ServerAddress.h"
 
 #include <QSettings>

@@ -4,6 +4,7 @@
 #include "log/LogSettings.h"
 #include "log/Logger.h"
 #include "model/ModelList.h"
+#include "model/Role.h"
 #include "model/ServerSettings.h"
 #include "model/User.h"
 #include "network/NetworkParser.h"
@@ -129,6 +130,9 @@ void WebView::global_loadFrame()
     // What arrived while the page was on its way has found nobody there.
     send(HelperCommand::GetDateTime);
     load_permissions();
+    if (const Role* const role = Data::getCurrentRole()) {
+        role->reloadRoles();
+    }
     if (const User* const user = Data::getCurrentUser()) {
         Page::call("wrapperInput_userGlobal_edit", user->getTitle());
         Page::call("modalLoadingHide");

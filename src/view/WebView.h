@@ -59,9 +59,13 @@ public Q_SLOTS:
     // Screen lock: Block.cpp
     void resetBlockTimer();
     void modal_blockShow();
+    /// These three ask the server whether the password is right; the answer opens what is behind.
     void modal_tryUnblock(const QString& password);
     void modal_tryUnblockAlarm(const QString& password);
     void modal_tryUnblockTranslation(const QString& password);
+    void settings_block_init();
+    /// `minutes` of 0 or less are stored as one minute.
+    void settings_block_save(bool enabled, int minutes);
 
     // Home page and lists of units: DeviceList.cpp
     void deviceList_listLoad();
@@ -92,8 +96,22 @@ public Q_SLOTS:
     void zone_excludeDevice(int zoneId, int deviceId);
 
     // Rights: admin/Role.cpp
+    /// Replays the operator's rights into the bars of the device list, and the alarm icon.
     void load_permissions();
+    /// Replays the operator's rights into the side menu of the administration.
     void admin_loadPermissions();
+    void admin_loadRoleList();
+    void admin_selectRole(int id);
+
+    // Users: admin/User.cpp
+    void admin_loadUserList();
+    void admin_selectUser(int id);
+    void admin_addUser(const QString& name, const QString& title, const QString& password,
+                       const QString& alarmPassword, const QString& roleName);
+    /// An empty password stays as it is, and so does the title of "admin".
+    void admin_editUser(const QString& name, const QString& title, const QString& password,
+                        const QString& alarmPassword, const QString& roleName);
+    void admin_deleteUser(const QString& name);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -57,15 +57,14 @@ const QVector<QPair<const char*, const char*>> pagesToCome = {
     {"wrapperInput_device_", "device page"},
     {"wrapperInput_deviceLine_", "device page"},
     {"modalDevice", "device page"},
-    {"modalAdminDevice", "device page"},
-    {"modalAdminTitleExists", "device administration"},
-    {"saveDeviceConfig", "device administration"},
-    {"modalAdminZone", "zone administration"},
-    {"modalAdminEditZone", "zone administration"},
-    {"modalAdminAddZone", "zone administration"},
-    {"modalAdminDeleteZone", "zone administration"},
+    {"modalAdmin", "administration pages"},
+    {"admin_", "administration pages"},
     {"wrapperInput_user_", "users"},
+    {"wrapperInput_role_", "users and roles"},
+    {"save", "role page and device administration"},
     {"wrapperInput_server_", "server settings"},
+    {"settings_block_", "settings of the lock"},
+    {"loadBlock", "settings of the lock"},
 };
 
 bool isToCome(const QString& name)

@@ -7,6 +7,7 @@
 #include "protocol/input/ProtocolLog.h"
 #include "protocol/input/ProtocolPlayback.h"
 #include "protocol/input/ProtocolPreset.h"
+#include "protocol/input/ProtocolRole.h"
 #include "protocol/input/ProtocolServer.h"
 #include "protocol/input/ProtocolTask.h"
 #include "protocol/input/ProtocolUser.h"
@@ -29,7 +30,7 @@ struct PushRow {
 
 constexpr PushRow pushes[] = {
     {"user", "reloadChanges", inputProtocolUserCommandReloadChanges},
-    {"role", "reloadChanges", nullptr},
+    {"role", "reloadChanges", inputProtocolRoleCommandReloadChanges},
     {"device", "setState", inputProtocolDeviceCommandSetState},
     {"device", "reloadChanges", inputProtocolDeviceCommandReloadChanges},
     {"device", "startTranslation", inputProtocolDeviceCommandStartTranslation},

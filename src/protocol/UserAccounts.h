@@ -1,0 +1,16 @@
+#pragma once
+
+class QJsonObject;
+
+void protocolUserCommandAdd(const QJsonObject& reply);
+void protocolUserCommandEdit(const QJsonObject& reply);
+void protocolUserCommandDelete(const QJsonObject& reply);
+/// Takes users out, in or over, whichever the number of entries tells.
+void protocolUserCommandList(const QJsonObject& reply);
+/// Takes over who is connected; every user is told to the page afresh.
+void protocolUserCommandGetConnected(const QJsonObject& reply);
+void protocolUserCommandSaveValue(const QJsonObject& reply);
+void protocolUserCommandLoadValue(const QJsonObject& reply);
+
+/// An id that no user has: ids tell the page's rows apart, also after deletions.
+int nextUserId();
