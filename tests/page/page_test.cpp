@@ -42,6 +42,8 @@ private Q_SLOTS:
 
     void frameAsksForWhatItMissed();
     void hostileUserTitleIsText();
+    void hostileNamesOfUnitsAndZonesAreText();
+    void emptyZoneSaysSo();
     void missingFragmentEmptiesItsRegion();
     void laterLoadOfARegionWins();
     void f11TogglesFullScreen();
@@ -319,6 +321,49 @@ void PageTest::hostileUserTitleIsText()
     QVERIFY(
         console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
     Data::serverSettings.setServerVersion(QString());
+}
+
+void PageTest::hostileNamesOfUnitsAndZonesAreText()
+{
+    showFrame();
+    QVERIFY(
+        console->waitFor("$('#sub_zone_0').length === 1 && $('#main_kelpa_list').length === 1"));
+    Page::call("wrapperInput_zone_add", 5, 0, hostile, QString(), 0);
+    Page::call("wrapperInput_device_add", 7, hostile, 2, 30, 0, true);
+    Page::call("wrapperInput_device_setTask", 7, 1, hostile);
+    QCOMPARE(console->text("$('#device_name_7').text()"), hostile);
+    QCOMPARE(console->text("$('#zone_name_5').text()"), hostile);
+    Page::call("wrapperInput_device_setName", 7, hostile + "2");
+    Page::call("wrapperInput_zone_setName", 5, hostile + "2", QString());
+    QCOMPARE(console->text("$('#device_name_7').text()"), hostile + "2");
+    QVERIFY(
+        console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
+}
+
+void PageTest::emptyZoneSaysSo()
+{
+    showFrame();
+    QVERIFY(console->waitFor("$('#sub_zone_0').length === 1 && $('#no_devices').is(':visible')"));
+    Page::call("wrapperInput_zone_add", 5, 0, QStringLiteral("Двор"), QString(), 1);
+    Page::call("wrapperInput_device_add", 7, QStringLiteral("Мачта"), 2, 30, 0, true);
+    QVERIFY(!console->value("$('#no_devices').is(':visible')").toBool());
+    console->value("$('#zone_5').click()");
+    QVERIFY(
+        console->value("$('#no_devices').is(':visible') && !$('.tile').is(':visible')").toBool());
+    Page::call("wrapperInput_zone_includeDevice", 5, 7);
+    QVERIFY(
+        console->value("!$('#no_devices').is(':visible') && $('.tile').is(':visible')").toBool());
+    // Losing its link takes a unit out of the selection.
+    console->value("$('#device_button_7').click()");
+    QVERIFY(console->text("$('#selected_devices').text()").endsWith(" 1"));
+    Page::call("wrapperInput_device_linkOff", 7);
+    console->value("$('#device_button_7').click()");
+    QCOMPARE(console->text("$('#selected_devices').text()"),
+             QStringLiteral("Устройства не выбраны"));
+    Page::call("wrapperInput_device_delete", 7);
+    QVERIFY(console->value("$('#no_devices').is(':visible')").toBool());
+    Page::call("wrapperInput_zone_delete", 5);
+    QVERIFY(console->value("$('#zone_0').hasClass('zone_active')").toBool());
 }
 
 void PageTest::missingFragmentEmptiesItsRegion()
