@@ -112,6 +112,11 @@ bool Role::isGranted(const QString& level)
     return getType(level) == static_cast<int>(RightLevel::Administration);
 }
 
+void Role::addToPage(bool isKept) const
+{
+    Page::call("wrapperInput_role_add", id, name, title, isKept);
+}
+
 void Role::showToOperator(Right right) const
 {
     showToOperator(right, this->*rowOf(right).allowed);

@@ -68,6 +68,8 @@ public:
     /// Whether a level is the right itself and not a part of it.
     static bool isGranted(const QString& level);
 
+    /// Adds the role's row to the page; one that is kept can't be deleted there.
+    void addToPage(bool isKept) const;
     /// Tells the operator's frame of one right; for the operator's own role.
     void showToOperator(Right right) const;
     /// Tells the role page of one right.

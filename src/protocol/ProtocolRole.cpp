@@ -158,11 +158,12 @@ void protocolRoleCommandAdd(const QJsonObject& reply)
         showRefusal(reply, addRefusals);
         return;
     }
-    // The push about the new role may have been quicker than the answer.
-    if (!Data::getRoleByName(*name)) {
-        const Role& role =
-            appendRole(*name, Fields::text(request(reply), "title").value_or(QString()));
-        Page::call("wrapperInput_role_add", role.getId(), role.getName(), role.getTitle(), false);
+    const QString title = Fields::text(request(reply), "title").value_or(QString());
+    // The push about the new role, which has no title, may have been quicker than the answer.
+    if (Role* const known = Data::getRoleByName(*name)) {
+        known->setTitle(title);
+    } else {
+        appendRole(*name, title).addToPage(false);
     }
     Page::call("modalAdminAddRoleHide");
     sendFirstRights(*name);

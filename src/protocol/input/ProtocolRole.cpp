@@ -4,7 +4,6 @@
 #include "log/Logger.h"
 #include "model/Role.h"
 #include "network/Fields.h"
-#include "page/ScriptCall.h"
 #include "protocol/ProtocolRole.h"
 #include "protocol/Request.h"
 
@@ -41,9 +40,7 @@ void inputProtocolRoleCommandReloadChanges(const QJsonObject& message)
         return;
     }
     if (!known) {
-        const Role& added = appendRole(*name);
-        Page::call("wrapperInput_role_add", added.getId(), added.getName(), added.getTitle(),
-                   false);
+        appendRole(*name).addToPage(false);
     }
     const QJsonObject role{{QStringLiteral("role"), *name}};
     send(RoleCommand::List);

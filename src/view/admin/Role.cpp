@@ -83,7 +83,7 @@ void WebView::admin_loadRoleList()
                              LogLevel::RoleSettings);
         const bool isKept =
             (own && role.getName() == own->getName()) || role.getName() == QLatin1String("admin");
-        Page::call("wrapperInput_role_add", role.getId(), role.getName(), role.getTitle(), isKept);
+        role.addToPage(isKept);
     }
     if (!Data::roleList.isEmpty()) {
         admin_selectRole(operatorRoleId);
