@@ -34,6 +34,7 @@ private:
     void logIn(const QString& user);
     void volumeFollowsTheAnswer();
     void zoneFiltersTheTiles();
+    void devicePageShowsTheUnit();
 
     std::unique_ptr<Console> console;
     std::unique_ptr<QProcess> server;
@@ -143,6 +144,7 @@ void SessionTest::sessionFromLoginToLogout()
     console->picture("session");
     volumeFollowsTheAnswer();
     zoneFiltersTheTiles();
+    devicePageShowsTheUnit();
 
     console->value("$('#menu_about').click()");
     QVERIFY(console->waitFor(modalOpen("modalShowVersion")));
@@ -176,6 +178,24 @@ void SessionTest::zoneFiltersTheTiles()
     console->picture("session-zone");
     console->value("$('#zone_0').click()");
     QVERIFY(console->waitFor(shown + " === 24"));
+}
+
+void SessionTest::devicePageShowsTheUnit()
+{
+    const QString name = console->text("$('.tile_name').eq(1).text()");
+    console->value("$('.kelpa_item').eq(1).click()");
+    QVERIFY(console->waitFor(QStringLiteral("$('#device_name').text() === '%1'").arg(name)));
+    QVERIFY(
+        console->waitFor("$('.device_menu').length === 24 && $('#line_control tr').length > 0"));
+    QVERIFY(console->waitFor("$('.zone_row:visible').length > 0"));
+    console->picture("device");
+    console->value("$('#device_volume').val(64).mouseup()");
+    QVERIFY(console->waitFor("$('.online_active .tile_volume div')[0].style.width === '64%'"));
+    console->value("$('.device_menu').eq(5).click()");
+    QVERIFY(console->waitFor(QStringLiteral("$('#device_name').text() !== '%1'").arg(name)));
+    console->picture("device-other");
+    console->value("$('#back').click()");
+    QVERIFY(console->waitFor("$('.tile').length === 24"));
 }
 
 void SessionTest::lostConnectionReturnsToTheLoginPage()
