@@ -1,12 +1,8 @@
 #include "rights/Rights.h"
 
-#include "log/LogSettings.h"
-#include "protocol/ProtocolUser.h"
 #include "view/WebView.h"
 
-#include <QElapsedTimer>
 #include <QSettings>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -29,7 +25,6 @@ private Q_SLOTS:
     void movementRestartsTheTimer();
     void keyRestartsTheTimerWithTheNewestTime();
     void lockComesAgain();
-    void sessionEndStopsTheTimer();
 
 private:
     QTimer& timer() { return *view->findChild<QTimer*>(); }
@@ -190,15 +185,6 @@ void LockTest::lockComesAgain()
     setTime(5);
     view->resetBlockTimer();
     QTRY_VERIFY(session->page.calls().count("block();") >= 2);
-}
-
-void LockTest::sessionEndStopsTheTimer()
-{
-    Data::blockStatus = true;
-    setTime(90000);
-    view->resetBlockTimer();
-    view->stopTimers();
-    QVERIFY(!timer().isActive());
 }
 
 QTEST_MAIN(LockTest)

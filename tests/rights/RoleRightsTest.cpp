@@ -15,8 +15,6 @@ private Q_SLOTS:
     void redirectionSetsTheBroadcastRights();
     void listIsTakenOver_data();
     void listIsTakenOver();
-    void storedListGoesOnWithTheSaving_data();
-    void storedListGoesOnWithTheSaving();
     void storedRightsRefreshTheOperator_data();
     void storedRightsRefreshTheOperator();
     void storedPermissionsTakeOverEverything();
@@ -189,14 +187,6 @@ const ListRow listRows[] = {
      "saveRoleSettings"},
 };
 
-void addListRows()
-{
-    QTest::addColumn<int>("list");
-    for (int index = 0; index < 4; ++index) {
-        QTest::newRow(listRows[index].field) << index;
-    }
-}
-
 /// The calls that untick all boxes of the list on the page, tick 4 and 5, and end as given.
 QStringList fillOf(const ListRow& row, const char* end)
 {
@@ -210,9 +200,13 @@ QStringList fillOf(const ListRow& row, const char* end)
 
 void RoleRightsTest::listIsTakenOver_data()
 {
-    addListRows();
+    QTest::addColumn<int>("list");
+    for (int index = 0; index < 4; ++index) {
+        QTest::newRow(listRows[index].field) << index;
+    }
 }
 
+/// From the server's answer, and from what was stored, which goes on with the page's saving.
 void RoleRightsTest::listIsTakenOver()
 {
     QFETCH(int, list);
@@ -220,31 +214,15 @@ void RoleRightsTest::listIsTakenOver()
     SessionFixture session;
     Rights::addOwnRole();
     Role& night = Rights::addRole(1, "night");
+    const QJsonArray objects{QJsonObject{{"id", 4}}, QJsonObject{{"id", 5}}};
+    const QJsonArray stored = row.set == RoleCommand::SetTasks ? objects : QJsonArray{4, 5};
     night.*row.ids = {9};
-    const QJsonArray ids{QJsonObject{{"id", 4}}, QJsonObject{{"id", 5}}};
     session.page.take();
-    Fleet::answer(row.get, QJsonObject{{"role", "night"}}, {{row.field, ids}});
+    Fleet::answer(row.get, QJsonObject{{"role", "night"}}, {{row.field, objects}});
     QCOMPARE(night.*row.ids, (QVector<int>{4, 5}));
-    QCOMPARE(session.page.calls(), fillOf(row, "wrapperInput_role_reloadPermissions"));
-}
-
-void RoleRightsTest::storedListGoesOnWithTheSaving_data()
-{
-    addListRows();
-}
-
-void RoleRightsTest::storedListGoesOnWithTheSaving()
-{
-    QFETCH(int, list);
-    const ListRow& row = listRows[list];
-    SessionFixture session;
-    Role& night = Rights::addRole(1, "night");
+    QCOMPARE(session.page.take(), fillOf(row, "wrapperInput_role_reloadPermissions"));
     night.*row.ids = {9};
-    const bool isTasks = row.set == RoleCommand::SetTasks;
-    const QJsonArray ids =
-        isTasks ? QJsonArray{QJsonObject{{"id", 4}}, QJsonObject{{"id", 5}}} : QJsonArray{4, 5};
-    session.page.take();
-    Fleet::answer(row.set, QJsonObject{{"role", "night"}, {row.field, ids}}, {});
+    Fleet::answer(row.set, QJsonObject{{"role", "night"}, {row.field, stored}}, {});
     QCOMPARE(night.*row.ids, (QVector<int>{4, 5}));
     QCOMPARE(session.page.calls(), fillOf(row, row.nextStep));
 }

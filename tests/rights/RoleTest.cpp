@@ -18,7 +18,6 @@ private Q_SLOTS:
     void onlyAdministrationIsARight();
     void listsOpenByTheRightsOfTheOperator();
     void anyManagementRightShowsTheAdministration();
-    void titleIsToldWhenItChanges();
 };
 
 namespace
@@ -182,15 +181,6 @@ void RoleTest::anyManagementRightShowsTheAdministration()
     QCOMPARE(session.page.take().last(), QString("wrapperInput_roleGlobal_disable();"));
     own.setPresetManagement("administration"); // the last of the eight
     QCOMPARE(session.page.take().last(), enable);
-}
-
-void RoleTest::titleIsToldWhenItChanges()
-{
-    SessionFixture session;
-    Role& own = Rights::addOwnRole();
-    own.setTitle("Guards");
-    own.setTitle("Guards");
-    QCOMPARE(session.page.calls(), QStringList{"wrapperInput_role_edit(0,\"guard\",\"Guards\");"});
 }
 
 QTEST_GUILESS_MAIN(RoleTest)
