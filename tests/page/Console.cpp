@@ -104,7 +104,7 @@ void Console::picture(const QString& name) const
             "return $(dialog).css('opacity') === '1'; })");
     for (const QSize size : {QSize(1280, 800), QSize(1920, 1080)}) {
         webView->getView()->resize(size);
-        QTest::qWait(0);
+        QCoreApplication::processEvents();
         const QString file = QStringLiteral("%1/%2-%3.png").arg(pictures, name).arg(size.width());
         webView->getView()->grab().save(file);
     }

@@ -11,38 +11,22 @@
 
 #include <QJsonDocument>
 #include <QMouseEvent>
-#include <QNetworkInterface>
-#include <QTcpServer>
-#include <QUdpSocket>
 #include <QWebFrame>
 #include <QWebView>
 #include <QtTest>
 
-/// The two top pages and the frame, in a real view.
-class PageTest : public QObject
+/// The session frame and the home page in a real view.
+class FrameTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
 
-    void reachesNothingOutside_data();
-    void reachesNothingOutside();
-    void staysOnItsPages_data();
-    void staysOnItsPages();
-
-    void addsAndDeletesServers();
-    void refusesBadServerAddresses_data();
-    void refusesBadServerAddresses();
-    void findsAServerByItsAnnouncement();
-    void hostileAddressIsText();
-    void versionMismatchIsTold_data();
-    void versionMismatchIsTold();
-    void changedRoleIsToldAfterTheNextLoad();
-
     void frameAsksForWhatItMissed();
     void hostileUserTitleIsText();
     void hostileNamesOfUnitsAndZonesAreText();
+    void hostileNamesOnTheDevicePageAreText();
     void emptyZoneSaysSo();
     void missingFragmentEmptiesItsRegion();
     void laterLoadOfARegionWins();
@@ -55,10 +39,8 @@ private Q_SLOTS:
     void administrationShowsWhatTheRoleAllows();
     void lostSectionFallsBackAndKeepsTheLock();
     void arrowKeysWalkTheList();
-    void windowGeometryIsSavedAtClose();
 
 private:
-    void showLogin();
     void showFrame();
     QJsonObject lastRequest() const;
     void answerLastRequest(const QString& response) const;
@@ -81,20 +63,13 @@ void moveMouse(QWidget* widget, const QPoint& position)
 
 } // namespace
 
-void PageTest::initTestCase()
+void FrameTest::initTestCase()
 {
     console = std::make_unique<Console>();
     QVERIFY(console->waitForPage("login.html"));
 }
 
-void PageTest::showLogin()
-{
-    console->load(LocalPage::loginUrl);
-    QVERIFY(console->waitForPage("login.html"));
-    QVERIFY(console->waitFor("$('#modalAddServer').length > 0"));
-}
-
-void PageTest::showFrame()
+void FrameTest::showFrame()
 {
     console->load(LocalPage::sessionUrl);
     QVERIFY(console->waitForPage("index.html"));
@@ -102,193 +77,19 @@ void PageTest::showFrame()
         "$('#top_menu #device_list').length > 0 && $('#modalShowVersion').length > 0"));
 }
 
-QJsonObject PageTest::lastRequest() const
+QJsonObject FrameTest::lastRequest() const
 {
     const QVector<QByteArray>& queue = Data::tcpClient.queuedMessages();
     return queue.isEmpty() ? QJsonObject() : QJsonDocument::fromJson(queue.last()).object();
 }
 
-void PageTest::answerLastRequest(const QString& response) const
+void FrameTest::answerLastRequest(const QString& response) const
 {
     QJsonObject reply{{"order", lastRequest().value("order")}, {"response", response}};
     Data::parser.parse(QJsonDocument(reply).toJson());
 }
 
-void PageTest::reachesNothingOutside_data()
-{
-    QTest::addColumn<QString>("script");
-    QTest::newRow("image") << "new Image().src = '%1';";
-    QTest::newRow("request") << "var r = new XMLHttpRequest(); r.open('GET', '%1'); r.send();";
-    QTest::newRow("post") << "var r = new XMLHttpRequest(); r.open('POST', '%1'); r.send('x');";
-    QTest::newRow("frame") << "$('<iframe>').attr('src', '%1').appendTo('body');";
-    QTest::newRow("script") << "$('<script>').attr('src', '%1')[0]; var s = "
-                               "document.createElement('script'); s.src = '%1'; "
-                               "document.body.appendChild(s);";
-    QTest::newRow("style") << "$('<link rel=stylesheet>').attr('href', '%1').appendTo('head');";
-    QTest::newRow("socket") << "new WebSocket('%1'.replace('http', 'ws'));";
-    QTest::newRow("socket of a frame") << "var f = $('<iframe>').appendTo('body')[0]; new "
-                                          "f.contentWindow.WebSocket('%1'.replace('http', 'ws'));";
-    QTest::newRow("events") << "new EventSource('%1');";
-    QTest::newRow("form") << "$('<form method=post>').attr('action', "
-                             "'%1').appendTo('body')[0].submit();";
-    QTest::newRow("window") << "window.open('%1');";
-    QTest::newRow("navigation") << "location.href = '%1';";
-    QTest::newRow("ping") << "var a = $('<a>').attr({href: '#', ping: '%1'}).appendTo('body'); "
-                             "a[0].click();";
-}
-
-void PageTest::reachesNothingOutside()
-{
-    QFETCH(QString, script);
-    showLogin();
-    QTcpServer outside;
-    QVERIFY(outside.listen(QHostAddress::LocalHost));
-    const QString address = QStringLiteral("http://127.0.0.1:%1/x").arg(outside.serverPort());
-    console->value(script.arg(address));
-    QVERIFY(!outside.waitForNewConnection(0));
-    QVERIFY(!QTest::qWaitFor([&] { return outside.hasPendingConnections(); }, 300));
-    QCOMPARE(console->page(), QStringLiteral("login.html"));
-}
-
-void PageTest::staysOnItsPages_data()
-{
-    QTest::addColumn<QString>("address");
-    QTest::newRow("file") << "file:///etc/passwd";
-    QTest::newRow("fragment") << "qrc:/Web/modal/login.html";
-    QTest::newRow("data") << "data:text/html,<p>x</p>";
-    QTest::newRow("nothing") << "about:blank";
-}
-
-void PageTest::staysOnItsPages()
-{
-    QFETCH(QString, address);
-    showLogin();
-    console->value(QStringLiteral("location.href = '%1'").arg(address));
-    QVERIFY(!QTest::qWaitFor([&] { return console->page() != "login.html"; }, 200));
-    QVERIFY(console->value("$('#name').length === 1").toBool());
-    const QString read = console->text(
-        QStringLiteral("(function () { var r = new XMLHttpRequest(); try { r.open('GET', "
-                       "'file:///etc/passwd', false); r.send(); } catch (e) { return ''; } "
-                       "return r.responseText; })()"));
-    QCOMPARE(read, QString());
-}
-
-void PageTest::addsAndDeletesServers()
-{
-    showLogin();
-    console->value("$('#modalAddServer').modal('show'); $('#server').val('10.0.0.7'); "
-                   "$('#port').val('2050'); modalAddServerHide();");
-    QVERIFY(console->waitFor("$('#serverSelect').val() === '10.0.0.7/2050'"));
-    QCOMPARE(console->servers().size(), 1);
-    QVERIFY(console->servers().at(0).isDefault);
-
-    console->value("$('#server').val('10.0.0.7'); $('#port').val('2051'); modalAddServerHide();");
-    QTRY_COMPARE(console->servers().size(), 2);
-    QVERIFY(!console->servers().at(1).isDefault);
-    console->value("$('#server').val('10.0.0.7'); $('#port').val('2051'); modalAddServerHide();");
-    QVERIFY(console->waitFor("$('#serverSelect').val() === '10.0.0.7/2051'"));
-    QCOMPARE(console->servers().size(), 2);
-    console->picture("login-servers");
-
-    console->value("$('#serverSelect').val('10.0.0.7/2050').trigger('change'); deleteServer();");
-    QTRY_COMPARE(console->servers().size(), 1);
-    QCOMPARE(console->servers().at(0).port, 2051);
-    QVERIFY(console->waitFor("$('#serverSelect option').length === 1"));
-    console->servers().deleteServer("10.0.0.7", 2051);
-}
-
-void PageTest::refusesBadServerAddresses_data()
-{
-    QTest::addColumn<QString>("ip");
-    QTest::addColumn<QString>("port");
-    QTest::newRow("host name") << "server.local"
-                               << "2049";
-    QTest::newRow("too short") << "10.0.0"
-                               << "2049";
-    QTest::newRow("empty") << ""
-                           << "2049";
-    QTest::newRow("script") << "1.1.1.1');x('"
-                            << "2049";
-    QTest::newRow("no port") << "10.0.0.1"
-                             << "";
-    QTest::newRow("port is text") << "10.0.0.1"
-                                  << "abc";
-    QTest::newRow("port too large") << "10.0.0.1"
-                                    << "70000";
-}
-
-void PageTest::refusesBadServerAddresses()
-{
-    QFETCH(QString, ip);
-    QFETCH(QString, port);
-    showLogin();
-    const QString fill = QString(QStringLiteral("$('#server').val(%1); $('#port').val(%2);"))
-                             .arg(Page::literal(ip), Page::literal(port));
-    console->value(fill + "modalAddServerHide();");
-    QVERIFY(console->waitFor(
-        "$('#modalAddServer').hasClass('in') && $('#server').val() === '' && "
-        "$('#port').val() === '2049' && $('#modalAddServer .has-error').length > 0"));
-    QCOMPARE(console->servers().size(), 0);
-    console->picture("login-bad-address");
-}
-
-void PageTest::findsAServerByItsAnnouncement()
-{
-    showLogin();
-    console->value("$('#modalAddServer').modal('show'); checkServer(); checkServer();");
-    QUdpSocket announcer;
-    QVERIFY(announcer.bind(QHostAddress(QHostAddress::LocalHost), 0));
-    announcer.setMulticastInterface(QNetworkInterface::interfaceFromName("lo"));
-    QVERIFY(QTest::qWaitFor([&] {
-        announcer.writeDatagram("here", QHostAddress("224.0.224.1"), 11991);
-        return console->text("$('#server').val()") == "127.0.0.1";
-    }));
-    console->value("$('#server').val('')");
-    announcer.writeDatagram("again", QHostAddress("224.0.224.1"), 11991);
-    QVERIFY(!QTest::qWaitFor([&] { return console->text("$('#server').val()") != ""; }, 200));
-}
-
-void PageTest::hostileAddressIsText()
-{
-    showLogin();
-    Page::call("addServerOption", hostile, QStringLiteral("1"), true);
-    Page::call("modalErrorShow", hostile);
-    QVERIFY(console->waitFor("$('#modalError').hasClass('in')"));
-    QCOMPARE(console->text("$('#errorLabel').text()"), hostile);
-    QVERIFY(console->text("$('#serverSelect').val()").contains("<img"));
-    QVERIFY(
-        console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
-}
-
-void PageTest::versionMismatchIsTold_data()
-{
-    QTest::addColumn<int>("serverVersion");
-    QTest::addColumn<QString>("dialog");
-    QTest::newRow("older server") << 8 << "modalServerOld";
-    QTest::newRow("newer server") << 10 << "modalClientOld";
-}
-
-void PageTest::versionMismatchIsTold()
-{
-    QFETCH(int, serverVersion);
-    QFETCH(QString, dialog);
-    showLogin();
-    Page::call("modalLoginVersionError", Data::apiVersion, serverVersion);
-    QVERIFY(console->waitFor(QStringLiteral("$('#%1').hasClass('in')").arg(dialog)));
-    console->picture(dialog);
-}
-
-void PageTest::changedRoleIsToldAfterTheNextLoad()
-{
-    Data::userRoleChanged = true;
-    showLogin();
-    QVERIFY(console->waitFor("$('#modalRoleChanged').hasClass('in')"));
-    QVERIFY(!Data::userRoleChanged);
-    showLogin();
-    QVERIFY(!console->value("$('#modalRoleChanged').hasClass('in')").toBool());
-}
-
-void PageTest::frameAsksForWhatItMissed()
+void FrameTest::frameAsksForWhatItMissed()
 {
     // The login has ended before the page has arrived.
     auto user = std::make_unique<User>();
@@ -309,7 +110,7 @@ void PageTest::frameAsksForWhatItMissed()
     QVERIFY(console->waitFor("!$('#loadingModal').is(':visible')"));
 }
 
-void PageTest::hostileUserTitleIsText()
+void FrameTest::hostileUserTitleIsText()
 {
     showFrame();
     Page::call("wrapperInput_userGlobal_edit", hostile);
@@ -323,7 +124,7 @@ void PageTest::hostileUserTitleIsText()
     Data::serverSettings.setServerVersion(QString());
 }
 
-void PageTest::hostileNamesOfUnitsAndZonesAreText()
+void FrameTest::hostileNamesOfUnitsAndZonesAreText()
 {
     showFrame();
     QVERIFY(
@@ -340,7 +141,31 @@ void PageTest::hostileNamesOfUnitsAndZonesAreText()
         console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
 }
 
-void PageTest::emptyZoneSaysSo()
+void FrameTest::hostileNamesOnTheDevicePageAreText()
+{
+    showFrame();
+    console->value("deviceForLoad = 7; wrapperLoadDeviceInfo(7)");
+    QVERIFY(console->waitFor(
+        "$('#deviceList').length === 1 && $('#device_panel .panel_row').length > 9"));
+    Page::call("wrapperInput_device_add", 7, hostile, 2, 30, 0, true);
+    Page::call("wrapperInput_device_setId", 7);
+    Page::call("wrapperInput_device_setName", 7, hostile);
+    Page::call("wrapperInput_device_setPlaybackInfo", 7, hostile, hostile);
+    Page::call("wrapperInput_device_setTask", 7, 1, hostile);
+    Page::call("wrapperInput_device_addScenario", 7, 0, hostile, 1, 1, 1, 0, 0);
+    Page::call("wrapperInput_deviceLine_add", 7, 1, hostile, 0, false, true);
+    Page::call("wrapperInput_zone_add", 5, 0, hostile, hostile, 0);
+    for (const char* const label : {"#device_name", "#device_playlist", "#device_schedule",
+                                    "#line_control_name_1", "#scenario_0 td:eq(1)"}) {
+        QCOMPARE(console->text(QStringLiteral("$('%1').text()").arg(QLatin1String(label))),
+                 hostile);
+    }
+    QVERIFY(console->text("$('#zone_5').text()").contains("<img"));
+    QVERIFY(
+        console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
+}
+
+void FrameTest::emptyZoneSaysSo()
 {
     showFrame();
     QVERIFY(console->waitFor("$('#sub_zone_0').length === 1 && $('#no_devices').is(':visible')"));
@@ -366,7 +191,7 @@ void PageTest::emptyZoneSaysSo()
     QVERIFY(console->value("$('#zone_0').hasClass('zone_active')").toBool());
 }
 
-void PageTest::missingFragmentEmptiesItsRegion()
+void FrameTest::missingFragmentEmptiesItsRegion()
 {
     showFrame();
     console->value("$('#main').append($('<p>')); loadMainBody('nowhere');"
@@ -375,7 +200,7 @@ void PageTest::missingFragmentEmptiesItsRegion()
         "$('#main').children().length === 0 && $('#modal').children().length === 0"));
 }
 
-void PageTest::laterLoadOfARegionWins()
+void FrameTest::laterLoadOfARegionWins()
 {
     showFrame();
     console->value("loadTopMenu('settings'); loadTopMenu('device_list');");
@@ -386,7 +211,7 @@ void PageTest::laterLoadOfARegionWins()
         [&] { return console->value("$('#top_menu').children().length > 0").toBool(); }, 300));
 }
 
-void PageTest::f11TogglesFullScreen()
+void FrameTest::f11TogglesFullScreen()
 {
     QWebView* const view = console->view().getView();
     const Qt::WindowStates before = view->windowState();
@@ -396,7 +221,7 @@ void PageTest::f11TogglesFullScreen()
     QCOMPARE(view->windowState(), before);
 }
 
-void PageTest::aboutShowsBothVersions()
+void FrameTest::aboutShowsBothVersions()
 {
     showFrame();
     Data::serverSettings.setServerVersion(QStringLiteral("7.4.1"));
@@ -406,7 +231,7 @@ void PageTest::aboutShowsBothVersions()
     QVERIFY(console->text("$('#info_client_version').text()").contains(Data::clientVersion));
 }
 
-void PageTest::clockRunsOnFromTheServersTime()
+void FrameTest::clockRunsOnFromTheServersTime()
 {
     showFrame();
     Page::call("wrapperInput_global_setTime", QStringLiteral("2026-11-22 23:59:58"), 3);
@@ -419,7 +244,7 @@ void PageTest::clockRunsOnFromTheServersTime()
     QVERIFY(console->waitFor("/:30$/.test($('#clock').text())"));
 }
 
-void PageTest::lockOpensWithThePasswordOnly()
+void FrameTest::lockOpensWithThePasswordOnly()
 {
     showFrame();
     console->value("modalLoadingHide()");
@@ -449,7 +274,7 @@ void PageTest::lockOpensWithThePasswordOnly()
                              "!$('#blockModalWrongPassword').is(':visible')"));
 }
 
-void PageTest::alarmDialogsOpenTheirPages_data()
+void FrameTest::alarmDialogsOpenTheirPages_data()
 {
     QTest::addColumn<QString>("open");
     QTest::addColumn<QString>("dialog");
@@ -465,7 +290,7 @@ void PageTest::alarmDialogsOpenTheirPages_data()
                                 << "tryMicrophoneUnblock()";
 }
 
-void PageTest::alarmDialogsOpenTheirPages()
+void FrameTest::alarmDialogsOpenTheirPages()
 {
     QFETCH(QString, open);
     QFETCH(QString, dialog);
@@ -488,7 +313,7 @@ void PageTest::alarmDialogsOpenTheirPages()
     QVERIFY(console->waitFor("$('#top_menu #device_list').length === 0"));
 }
 
-void PageTest::administrationShowsWhatTheRoleAllows()
+void FrameTest::administrationShowsWhatTheRoleAllows()
 {
     showFrame();
     console->value(
@@ -511,7 +336,7 @@ void PageTest::administrationShowsWhatTheRoleAllows()
     console->picture("settings");
 }
 
-void PageTest::lostSectionFallsBackAndKeepsTheLock()
+void FrameTest::lostSectionFallsBackAndKeepsTheLock()
 {
     showFrame();
     console->value("modalLoadingHide(); $('#menu_admin').click()");
@@ -524,7 +349,7 @@ void PageTest::lostSectionFallsBackAndKeepsTheLock()
     QVERIFY(console->value("$('#blockModal').hasClass('in')").toBool());
 }
 
-void PageTest::arrowKeysWalkTheList()
+void FrameTest::arrowKeysWalkTheList()
 {
     showFrame();
     console->value("modalLoadingHide(); $('#menu_admin').click()");
@@ -547,29 +372,12 @@ void PageTest::arrowKeysWalkTheList()
     QCOMPARE(console->text("$('.user_active').attr('id')"), QStringLiteral("7"));
 }
 
-void PageTest::windowGeometryIsSavedAtClose()
-{
-    QWebView* const view = console->view().getView();
-    view->resize(1400, 900);
-    view->move(20, 30);
-    view->close();
-    QCOMPARE(Data::settings->value("screen/width").toInt(), 1400);
-    QCOMPARE(Data::settings->value("screen/height").toInt(), 900);
-    QCOMPARE(Data::settings->value("screen/x").toInt(), view->x());
-    QCOMPARE(Data::settings->value("screen/isMaximized").toBool(), false);
-    // The window that a start restores is the one that was closed.
-    view->resize(1280, 800);
-    showLogin();
-    QVERIFY(view->isVisible());
-    QCOMPARE(view->size(), QSize(1400, 900));
-}
-
 int main(int argc, char* argv[])
 {
     Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    PageTest test;
+    FrameTest test;
     return QTest::qExec(&test, argc, argv);
 }
-#include "page_test.moc"
+#include "frame_test.moc"
