@@ -10,6 +10,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QWebFrame>
 #include <QWebView>
 #include <QtTest>
@@ -43,7 +45,12 @@ Console::~Console()
 
 QVariant Console::value(const QString& script) const
 {
-    return webView->getView()->page()->mainFrame()->evaluateJavaScript(script);
+    // An element or a list of them would be turned into a map of all that hangs on it.
+    const QByteArray quoted = QJsonDocument(QJsonArray{script}).toJson(QJsonDocument::Compact);
+    return webView->getView()->page()->mainFrame()->evaluateJavaScript(
+        QStringLiteral("(function (value) { return value instanceof Object ? undefined : value; })"
+                       "((0, eval)(%1[0]))")
+            .arg(QString::fromUtf8(quoted)));
 }
 
 bool Console::waitFor(const QString& script, int milliseconds) const

@@ -56,13 +56,11 @@ const QVector<QPair<const char*, const char*>> pagesToCome = {
     {"zone_", "zone administration"},
     {"wrapperInput_device_", "device administration and unit memory"},
     {"modalAdmin", "administration pages"},
-    {"admin_", "administration pages"},
-    {"wrapperInput_user_", "users"},
+    {"settings_media_", "sound settings"},
+    {"settings_volume_", "sound settings"},
     {"wrapperInput_role_", "users and roles"},
     {"save", "role page and device administration"},
     {"wrapperInput_server_", "server settings"},
-    {"settings_block_", "settings of the lock"},
-    {"loadBlock", "settings of the lock"},
 };
 
 bool isToCome(const QString& name)

@@ -21,6 +21,7 @@ function dialogButton(button, kind) {
 //   argument  id of an element behind the text that shows the function's argument
 //   accept    {text: "Ок", kind: "primary", action: function}, all of it optional
 //   cancel    the second button, if there is one: {text: "Отмена", action: function}
+//   opened    called whenever the dialog opens
 function notice(name, options) {
     var region = loadingRegion || "body";
     var body = $("<div class='modal-body'>");
@@ -54,5 +55,8 @@ function notice(name, options) {
             $("#" + options.argument).text(argument);
         }
         dialog.modal("show");
+        if (options.opened) {
+            options.opened();
+        }
     };
 }

@@ -4,12 +4,15 @@ var regionLoads = {}; // per region, the number of the load that counts
 var regionNotices = {}; // per region, the functions of the notices that its fragment declared
 var loadingRegion = null; // the region whose fragment is being put in
 
+// Puts a fragment in. The one that goes hears "leave" at its region, to end what it has under way.
 function openRegionFragment(region, text) {
     $(region).find(".modal.in").removeClass("fade").modal("hide");
     (regionNotices[region] || []).forEach(function (name) {
         delete window[name];
     });
     regionNotices[region] = [];
+    $(region).triggerHandler("leave");
+    $(region).off("leave");
     loadingRegion = region;
     $(region).html(text);
     loadingRegion = null;
@@ -76,12 +79,23 @@ function changeMenu(id) {
     }, 500);
 }
 
-// The bottom bar of an area that "Назад" leaves for the home page.
-function buildBackBar() {
-    $("<button type='button' id='back' class='btn btn-default'>")
-        .append($("<i class='fa fa-chevron-left'>"), document.createTextNode(" Назад"))
-        .on("click", loadHomePage)
-        .prependTo("#bot_menu");
+function barButton(id, kind, icon, text, action) {
+    return $("<button type='button' class='btn'>")
+        .attr("id", id)
+        .addClass(kind)
+        .append($("<i class='fa'>").addClass(icon), document.createTextNode(" " + text))
+        .on("click", action);
+}
+
+// The bottom bar of an area that "Назад" leaves for the home page, with "Сохранить" where there is
+// something to save.
+function buildBackBar(save) {
+    if (save) {
+        barButton("save", "btn-primary push_right", "fa-check", "Сохранить", function () {
+            save();
+        }).prependTo("#bot_menu");
+    }
+    barButton("back", "btn-default", "fa-chevron-left", "Назад", loadHomePage).prependTo("#bot_menu");
 }
 
 // Waits until native code has published its object.

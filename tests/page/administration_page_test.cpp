@@ -1,0 +1,349 @@
+#include "app/Data.h"
+#include "model/ModelList.h"
+#include "model/Role.h"
+#include "model/User.h"
+#include "network/NetworkParser.h"
+#include "network/TcpClient.h"
+#include "page/Console.h"
+#include "page/ScriptCall.h"
+#include "view/LocalPage.h"
+#include "view/WebView.h"
+
+#include <QJsonDocument>
+#include <QtTest>
+
+/// The pages of administration and settings, with the mirror behind them.
+class AdministrationPageTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void usersShowWhoTheyAre();
+    void passwordsStayWithTheirUser();
+    void saveSendsWhatHasChanged();
+    void deletedUserGivesWayToTheFirst();
+    void addDialogRefuses_data();
+    void addDialogRefuses();
+    void addDialogAddsAndWaitsForTheAnswer();
+    void hostileNamesAreText();
+    void comingBackShowsTheSameAsStaying();
+    void lockSettingsAreReadAndStored();
+
+private:
+    void openUsers() const;
+    void addUser(int id, const QString& name, const QString& title, const QString& role) const;
+    void addRole(int id, const QString& name) const;
+    QVector<QJsonObject> sentRequests() const;
+    QStringList sentActions() const;
+    QJsonObject sent(int fromEnd) const;
+    void answer(const QJsonObject& request, const QString& response) const;
+
+    std::unique_ptr<Console> console;
+};
+
+namespace
+{
+
+const QString hostile = QStringLiteral("\"><img src=x onerror=\"window.pwned=1\">'\\</script>");
+
+} // namespace
+
+void AdministrationPageTest::initTestCase()
+{
+    console = std::make_unique<Console>();
+    QVERIFY(console->waitForPage("login.html"));
+}
+
+void AdministrationPageTest::init()
+{
+    addRole(0, QStringLiteral("operators"));
+    addRole(1, QStringLiteral("guards"));
+    addUser(0, QStringLiteral("admin"), QStringLiteral("Администратор"),
+            QStringLiteral("operators"));
+    addUser(1, QStringLiteral("guard"), QStringLiteral("Охрана, пост 1"), QStringLiteral("guards"));
+    addUser(2, QStringLiteral("night"), QStringLiteral("Охрана, ночь"), QString());
+    Data::userList.at(0)->setCurrent(true);
+    console->load(LocalPage::sessionUrl);
+    QVERIFY(console->waitForPage("index.html"));
+    QVERIFY(console->waitFor("$('#modalShowVersion').length > 0"));
+    console->value("modalLoadingHide()");
+}
+
+void AdministrationPageTest::cleanup()
+{
+    QCOMPARE(console->scriptErrors(), QStringList());
+    Data::clearSession();
+    Data::tcpClient.close();
+}
+
+void AdministrationPageTest::openUsers() const
+{
+    console->value("$('#menu_admin').click()");
+    console->waitFor("$('#modalAddUser').length === 1 && $('#userList tr').length > 0 && "
+                     "$('#user_role option').length > 0 && $('#save').length === 1");
+}
+
+void AdministrationPageTest::addUser(int id, const QString& name, const QString& title,
+                                     const QString& role) const
+{
+    auto user = std::make_unique<User>();
+    user->setId(id);
+    user->setName(name);
+    user->setTitle(title);
+    user->setRole(role);
+    Data::userList.append(std::move(user));
+}
+
+void AdministrationPageTest::addRole(int id, const QString& name) const
+{
+    auto role = std::make_unique<Role>();
+    role->setId(id);
+    role->setName(name);
+    Data::roleList.append(std::move(role));
+}
+
+QVector<QJsonObject> AdministrationPageTest::sentRequests() const
+{
+    QVector<QJsonObject> requests;
+    const QVector<QByteArray>& queue = Data::tcpClient.queuedMessages();
+    for (const QByteArray& message : queue) {
+        const QJsonObject request = QJsonDocument::fromJson(message).object();
+        if (request.value("request") != "helper") { // the frame asks for the time
+            requests.append(request);
+        }
+    }
+    return requests;
+}
+
+QStringList AdministrationPageTest::sentActions() const
+{
+    QStringList actions;
+    for (const QJsonObject& request : sentRequests()) {
+        actions.append(request.value("request").toString() + '/' +
+                       request.value("action").toString());
+    }
+    return actions;
+}
+
+QJsonObject AdministrationPageTest::sent(int fromEnd) const
+{
+    const QVector<QJsonObject> requests = sentRequests();
+    return requests.value(requests.size() - 1 - fromEnd);
+}
+
+void AdministrationPageTest::answer(const QJsonObject& request, const QString& response) const
+{
+    Data::parser.parse(
+        QJsonDocument(QJsonObject{{"order", request.value("order")}, {"response", response}})
+            .toJson());
+}
+
+void AdministrationPageTest::usersShowWhoTheyAre()
+{
+    openUsers();
+    console->picture("users");
+    QCOMPARE(console->text("$('.user_active').attr('id')"), QStringLiteral("0"));
+    QCOMPARE(console->text("$('#user_name').text()"), QStringLiteral("admin"));
+    QVERIFY(console->value("$('#user_title').prop('disabled')").toBool());
+    // Whoever is logged in and the administrator can't be deleted.
+    QCOMPARE(console->value("$('#0 button').length").toInt(), 0);
+    QCOMPARE(console->value("$('#userList button').length").toInt(), 2);
+    // The roles come after the users; the form still shows the user's own.
+    QCOMPARE(console->text("$('#user_role').val()"), QStringLiteral("operators"));
+
+    console->value("$('#1').click()");
+    QCOMPARE(console->text("$('#user_role').val()"), QStringLiteral("guards"));
+    QVERIFY(!console->value("$('#user_title').prop('disabled')").toBool());
+    QCOMPARE(console->text("$('#user_status').text()"), QStringLiteral("Отключен"));
+    Data::userList.at(1)->setStatus(true);
+    Data::userList.at(2)->setStatus(true);
+    Data::userList.at(2)->setStatus(false);
+    QCOMPARE(console->text("$('#user_status').text()"), QStringLiteral("Подключен"));
+    QCOMPARE(console->text("$('#status_2').text()"), QStringLiteral("Отключен"));
+    console->value("$('#2').click()");
+    QVERIFY(console->value("$('#user_role').val() === null").toBool());
+    console->picture("users-active");
+}
+
+void AdministrationPageTest::passwordsStayWithTheirUser()
+{
+    openUsers();
+    console->value("$('#1').click(); $('#user_password, #user_alarm_password').val('secret')");
+    Data::userList.at(1)->setTitle(QStringLiteral("Охрана")); // from another console
+    QCOMPARE(console->text("$('#user_password').val()"), QStringLiteral("secret"));
+    console->value("$('#2').click()");
+    QCOMPARE(console->text("$('#user_password').val() + $('#user_alarm_password').val()"),
+             QString());
+}
+
+void AdministrationPageTest::saveSendsWhatHasChanged()
+{
+    openUsers();
+    console->value("$('#save').click()"); // "admin" without passwords: nothing could change
+    QVERIFY(console->waitFor("$('#modalAdminEditUser').hasClass('in')"));
+    QCOMPARE(sentActions(), QStringList());
+    console->value("$('#modalAdminEditUser').modal('hide'); $('#1').click(); "
+                   "$('#user_title').val(''); $('#save').click()");
+    QVERIFY(console->value("$('#user_title').parent().hasClass('has-error')").toBool());
+    QCOMPARE(sentActions(), QStringList());
+
+    console->value("$('#user_title').val('Охрана, вход'); $('#save').click()");
+    QCOMPARE(sentActions(), QStringList{"user/edit"});
+    QVERIFY(!sent(0).contains("password") && !sent(0).contains("passwordForAlarm"));
+    QCOMPARE(console->text("$('#title_1').text()"), QStringLiteral("Охрана, пост 1"));
+    answer(sent(0), QStringLiteral("success"));
+    QVERIFY(console->waitFor("$('#modalAdminEditUser').hasClass('in')"));
+    QCOMPARE(console->text("$('#title_1').text()"), QStringLiteral("Охрана, вход"));
+
+    console->value("$('#user_role').val('operators'); $('#user_password').val('x'); "
+                   "$('#save').click()");
+    QCOMPARE(sentActions().mid(1), (QStringList{"user/edit", "role/exclude", "role/include"}));
+    QCOMPARE(sent(2).value("password").toString(),
+             QStringLiteral("9dd4e461268c8034f5c8564e155c67a6"));
+}
+
+void AdministrationPageTest::deletedUserGivesWayToTheFirst()
+{
+    openUsers();
+    console->value("$('#1 button').click()");
+    QVERIFY(console->waitFor("$('#modalDeleteUser').hasClass('in')"));
+    console->picture("users-delete");
+    QCOMPARE(console->text("$('#deleteUserName').text()"), QStringLiteral("guard"));
+    console->value("$('#1').click(); $('#modalDeleteUser .accept').click()");
+    QCOMPARE(sent(0).value("name").toString(), QStringLiteral("guard"));
+    QVERIFY(console->value("$('#1').length === 1").toBool());
+    answer(sent(0), QStringLiteral("success"));
+    QVERIFY(console->value("$('#1').length === 0").toBool());
+    QCOMPARE(console->text("$('#user_name').text()"), QStringLiteral("admin"));
+}
+
+void AdministrationPageTest::addDialogRefuses_data()
+{
+    QTest::addColumn<QString>("fill");
+    QTest::addColumn<QString>("marked");
+    QTest::newRow("no name") << "$('#addName').val('')"
+                             << "addName";
+    QTest::newRow("blank in name") << "$('#addName').val('a b')"
+                                   << "addName";
+    QTest::newRow("long name") << "$('#addName').val(Array(34).join('a'))"
+                               << "addName";
+    QTest::newRow("no title") << "$('#addTitle').val('')"
+                              << "addTitle";
+    QTest::newRow("password") << "$('#addPassword').val('a')"
+                              << "addPassword addConfirmPassword";
+    QTest::newRow("alarm password") << "$('#addConfirmAlarmPassword').val('a')"
+                                    << "addAlarmPassword addConfirmAlarmPassword";
+}
+
+void AdministrationPageTest::addDialogRefuses()
+{
+    QFETCH(QString, fill);
+    QFETCH(QString, marked);
+    openUsers();
+    console->value(
+        "$('#add_user').click(); $('#addName').val('new'); $('#addTitle').val('Новый');" + fill +
+        "; $('#accept_user').click()");
+    QCOMPARE(console->text("$('#modalAddUser .has-error input').map(function () { return this.id; "
+                           "}).get().join(' ')"),
+             marked);
+    QCOMPARE(sentActions(), QStringList());
+    console->value("$('#add_user').click()");
+    QCOMPARE(console->value("$('#modalAddUser .has-error').length").toInt(), 0);
+}
+
+void AdministrationPageTest::addDialogAddsAndWaitsForTheAnswer()
+{
+    openUsers();
+    console->value("$('#add_user').click()");
+    QVERIFY(console->waitFor("$('#modalAddUser').hasClass('in') && "
+                             "document.activeElement.id === 'addName'"));
+    console->picture("users-add");
+    QCOMPARE(console->value("$('#addRole option').length").toInt(), 2);
+    QCOMPARE(console->text("$('#user_role').val()"), QStringLiteral("operators"));
+    console->value("$('#addName').val('new'); $('#addTitle').val('Новый'); "
+                   "$('#addRole').val('guards'); $('#accept_user').click()");
+    QCOMPARE(sentActions(), (QStringList{"user/add", "role/include"}));
+    QVERIFY(console->value("$('#modalAddUser').hasClass('in')").toBool());
+    answer(sent(1), QStringLiteral("error"));
+    QVERIFY(console->waitFor("$('#modalAdminAddUserError').hasClass('in')"));
+    QVERIFY(console->value("$('#userList tr').length === 3").toBool());
+    console->value("$('#modalAdminAddUserError').modal('hide'); $('#accept_user').click()");
+    answer(sent(1), QStringLiteral("success"));
+    QVERIFY(console->waitFor("!$('#modalAddUser').hasClass('in')"));
+    QCOMPARE(console->text("$('#userList tr:last td:first').text()"), QStringLiteral("Новый"));
+}
+
+void AdministrationPageTest::hostileNamesAreText()
+{
+    addUser(9, hostile, hostile, hostile);
+    addRole(9, hostile);
+    openUsers();
+    console->value("$('#9').click()");
+    QCOMPARE(console->text("$('#title_9').text()"), hostile);
+    QCOMPARE(console->text("$('#user_name').text()"), hostile);
+    QCOMPARE(console->text("$('#user_role').val()"), hostile);
+    QCOMPARE(console->text("$('#select2-user_role-container').text()"), hostile);
+    console->value("$('#9 button').click()");
+    QCOMPARE(console->text("$('#deleteUserName').text()"), hostile);
+    QVERIFY(
+        console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
+}
+
+void AdministrationPageTest::comingBackShowsTheSameAsStaying()
+{
+    const QString list =
+        QStringLiteral("$('#userList tr').map(function () { return this.id + "
+                       "$(this).text() + $(this).find('button').length; "
+                       "}).get().join('|') + $('#user_role option').map(function () "
+                       "{ return this.value; }).get().join()");
+    openUsers();
+    Data::userList.at(1)->setTitle(QStringLiteral("Другое имя"));
+    Data::userList.at(2)->setStatus(true);
+    addUser(3, QStringLiteral("third"), QStringLiteral("Третий"), QStringLiteral("guards"));
+    Data::userList.at(3)->addToPage();
+    Page::call("wrapperInput_user_delete", 1);
+    Data::userList.remove(Data::userList.at(1));
+    const QString stayed = console->text(list);
+    QVERIFY(stayed.contains(QStringLiteral("Третий")));
+    console->value("$('#back').click()");
+    QVERIFY(console->waitFor("$('#userList').length === 0"));
+    openUsers();
+    QCOMPARE(console->text(list), stayed);
+}
+
+void AdministrationPageTest::lockSettingsAreReadAndStored()
+{
+    Data::settings->setValue("admin/block_time", 5 * 60000);
+    Data::blockStatus = false;
+    console->value("$('#menu_settings').click()");
+    QVERIFY(console->waitFor("$('#block').length > 0 && $('#modalSaved').length === 1"));
+    console->value("$('#side_menu #block').click()");
+    QVERIFY(console->waitFor("$('#settings_block_time').val() === '5' && $('#save').length === 1"));
+    QVERIFY(console->value("$('#settings_block_disabled').is(':checked')").toBool());
+    console->picture("settings-lock");
+    console->value("$('#settings_block_time').val('250 мин'); "
+                   "$('#settings_block_enabled').click(); $('#save').click()");
+    QVERIFY(console->waitFor("$('#modalSaved').hasClass('in')"));
+    QCOMPARE(console->text("$('#settings_block_time').val()"), QStringLiteral("100"));
+    QCOMPARE(Data::settings->value("admin/block_time").toInt(), 100 * 60000);
+    QVERIFY(Data::blockStatus);
+    console->picture("settings-saved");
+    // No time is the shortest time; the field shows the old one until the page is opened again.
+    console->value("$('#settings_block_time').val(''); $('#save').click()");
+    QCOMPARE(console->text("$('#settings_block_time').val()"), QStringLiteral("100"));
+    QCOMPARE(Data::settings->value("admin/block_time").toInt(), 60000);
+}
+
+int main(int argc, char* argv[])
+{
+    Q_INIT_RESOURCE(web);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    AdministrationPageTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "administration_page_test.moc"
