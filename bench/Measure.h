@@ -112,6 +112,13 @@ public:
         std::fflush(terminal);
     }
 
+    /// A line of its own, as `printf` has it.
+    template <class... Values> void line(const char* format, Values... values)
+    {
+        std::fprintf(terminal, format, values...);
+        std::fflush(terminal);
+    }
+
 private:
     QTemporaryDir folder;
     std::FILE* terminal;

@@ -12,6 +12,7 @@
 #include "protocol/CurrentRole.h"
 #include "protocol/DeviceState.h"
 #include "protocol/ZoneMembership.h"
+#include "view/DeviceReplay.h"
 #include "view/SlotLog.h"
 
 namespace
@@ -111,9 +112,7 @@ void showMemory(const QVector<Entry>& entries, int playingPosition, int groupId)
 void WebView::menu_loadDeviceInfoList()
 {
     const SlotLog log("menu_loadDeviceInfoList");
-    for (const Device& device : Data::deviceList) {
-        DeviceState::addToPage(device);
-    }
+    deviceReplay->start([](const Device& device) { DeviceState::addToPage(device); });
 }
 
 void WebView::menu_loadDeviceInfo(int id)

@@ -9,6 +9,7 @@
 #include "protocol/DeviceState.h"
 #include "protocol/Request.h"
 #include "protocol/ZoneMembership.h"
+#include "view/DeviceReplay.h"
 #include "view/SlotLog.h"
 
 #include <QJsonArray>
@@ -60,19 +61,19 @@ std::optional<QJsonArray> readLevels(const QVariantList& levels)
 void WebView::deviceList_listLoad()
 {
     const SlotLog log("deviceList_listLoad", QStringLiteral("()"));
-    for (const Device& device : Data::deviceList) {
+    deviceReplay->start([](const Device& device) {
         DeviceState::addToPage(device);
         showDetails(device, [&] { showHealth(device); });
-    }
+    });
 }
 
 void WebView::deviceList_listSelectLoad()
 {
     const SlotLog log("deviceList_listSelectLoad", QStringLiteral("()"));
-    for (const Device& device : Data::deviceList) {
+    deviceReplay->start([](const Device& device) {
         DeviceState::addToPage(device, Data::getPlaybackClass(device.getPlayback()));
         showDetails(device, [] {});
-    }
+    });
 }
 
 void WebView::deviceList_setDeviceVolume(int id, int volume)

@@ -10,6 +10,7 @@
 #include "network/NetworkParser.h"
 #include "page/ScriptCall.h"
 #include "protocol/Request.h"
+#include "view/DeviceReplay.h"
 #include "view/LocalPage.h"
 
 #include <QApplication>
@@ -46,7 +47,9 @@ bool isOnScreen(const QRect& window)
 
 } // namespace
 
-WebView::WebView() : blockTimer(nullptr), view(std::make_unique<QWebView>())
+WebView::WebView()
+    : blockTimer(new QTimer(this)), deviceReplay(new DeviceReplay(this)),
+      view(std::make_unique<QWebView>())
 {
     keepCachesSmall();
     view->setPage(new LocalPage(view.get()));
@@ -58,7 +61,6 @@ WebView::WebView() : blockTimer(nullptr), view(std::make_unique<QWebView>())
     connect(view.get(), &QWebView::loadFinished, this, &WebView::loaded);
     Data::logger.message("Load login page");
     loadPage(LocalPage::loginUrl);
-    blockTimer = new QTimer(this);
     connect(blockTimer, &QTimer::timeout, this, &WebView::modal_blockShow);
     connect(&udpSocket, &QUdpSocket::readyRead, this, &WebView::login_serverFound);
 }
@@ -113,6 +115,7 @@ void WebView::runJavascript(const QString& text)
 void WebView::stopTimers()
 {
     blockTimer->stop();
+    deviceReplay->stop();
 }
 
 void WebView::global_about()

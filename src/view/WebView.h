@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class DeviceReplay;
 class QTimer;
 class QWebView;
 
@@ -31,6 +32,7 @@ public Q_SLOTS:
     void loaded(bool succeeded);
     /// Runs one script in the page on show; lost before the first page has arrived.
     void runJavascript(const QString& text);
+    /// Ends what the session has under way in the view: the lock's timer, a list still filling.
     void stopTimers();
     void global_about();
     /// Replays what the frame may have missed while it loaded: user, clock, administration entry,
@@ -127,6 +129,7 @@ private:
     bool acceptsAddress(const QString& ip) const;
 
     QTimer* blockTimer;
+    DeviceReplay* deviceReplay;
     QUdpSocket udpSocket;
     QWebElement documentElement;
     std::unique_ptr<QWebView> view;

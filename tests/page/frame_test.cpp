@@ -1,4 +1,5 @@
 #include "app/Data.h"
+#include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/ServerSettings.h"
 #include "model/User.h"
@@ -6,6 +7,7 @@
 #include "network/TcpClient.h"
 #include "page/Console.h"
 #include "page/ScriptCall.h"
+#include "protocol/ZoneMembership.h"
 #include "view/LocalPage.h"
 #include "view/WebView.h"
 
@@ -22,12 +24,17 @@ class FrameTest : public QObject
 
 private Q_SLOTS:
     void initTestCase();
+    void cleanup();
 
     void frameAsksForWhatItMissed();
     void hostileUserTitleIsText();
     void hostileNamesOfUnitsAndZonesAreText();
     void hostileNamesOnTheDevicePageAreText();
     void emptyZoneSaysSo();
+    void largeFleetFillsWithoutBlocking();
+    void unitGoesWhileItsPageIsOpen();
+    void comingBackShowsTheSameAsStaying();
+    void stormOfPushesLeavesThePageAsTheMirror();
     void missingFragmentEmptiesItsRegion();
     void laterLoadOfARegionWins();
     void f11TogglesFullScreen();
@@ -42,6 +49,8 @@ private Q_SLOTS:
 
 private:
     void showFrame();
+    void makeFleet(int units) const;
+    void receive(const QJsonObject& message) const;
     QJsonObject lastRequest() const;
     void answerLastRequest(const QString& response) const;
 
@@ -52,6 +61,32 @@ namespace
 {
 
 const QString hostile = QStringLiteral("\"><img src=x onerror=\"window.pwned=1\">'\\\n</script>");
+
+/// A state that is another at each call.
+QJsonObject statePush(int order, int id)
+{
+    return {{"request", "device"},
+            {"action", "setState"},
+            {"order", order},
+            {"deviceId", id},
+            {"link", order % 3 ? "bidirectional" : "none"},
+            {"battery", order % 5 ? "ok" : "none"},
+            {"batteryLevel", order % 101},
+            {"case", order % 2 ? "open" : "close"},
+            {"volume", order % 97},
+            {"playback", order % 4 ? "none" : "microphone"}};
+}
+
+/// A script that tells all that can be seen of some elements and those within.
+QString looksOf(const char* selector)
+{
+    return QStringLiteral("$('%1').find('*').addBack().toArray().map(function (element) {"
+                          "  return [element.id, element.className.split(/\\s+/).sort().join(' '),"
+                          "          element.title, element.style.cssText,"
+                          "          element.children.length ? '' : element.textContent].join();"
+                          "}).join('\\n')")
+        .arg(QLatin1String(selector));
+}
 
 /// As the window system tells it; QTest's own way needs a pointer, which the offscreen platform
 /// lacks.
@@ -69,6 +104,12 @@ void FrameTest::initTestCase()
     QVERIFY(console->waitForPage("login.html"));
 }
 
+void FrameTest::cleanup()
+{
+    Data::tcpClient.close();
+    Data::deviceList.clear();
+}
+
 void FrameTest::showFrame()
 {
     console->load(LocalPage::sessionUrl);
@@ -81,6 +122,23 @@ QJsonObject FrameTest::lastRequest() const
 {
     const QVector<QByteArray>& queue = Data::tcpClient.queuedMessages();
     return queue.isEmpty() ? QJsonObject() : QJsonDocument::fromJson(queue.last()).object();
+}
+
+void FrameTest::makeFleet(int units) const
+{
+    Data::deviceList.clear();
+    for (int id = 1; id <= units; ++id) {
+        auto device = std::make_unique<Device>();
+        device->setId(id);
+        device->setName(QStringLiteral("Громкоговоритель %1").arg(id));
+        device->setStatus(DeviceOnline);
+        Data::deviceList.append(std::move(device));
+    }
+}
+
+void FrameTest::receive(const QJsonObject& message) const
+{
+    Data::parser.parse(QJsonDocument(message).toJson());
 }
 
 void FrameTest::answerLastRequest(const QString& response) const
@@ -189,6 +247,94 @@ void FrameTest::emptyZoneSaysSo()
     QVERIFY(console->value("$('#no_devices').is(':visible')").toBool());
     Page::call("wrapperInput_zone_delete", 5);
     QVERIFY(console->value("$('#zone_0').hasClass('zone_active')").toBool());
+}
+
+void FrameTest::largeFleetFillsWithoutBlocking()
+{
+    makeFleet(200);
+    showFrame();
+    // A click comes through while tiles are still missing, and what changes meanwhile is right.
+    QVERIFY(console->waitFor("$('.tile').length >= 40"));
+    const int shown = console->value("$('.tile').length").toInt();
+    QVERIFY2(shown < 200, "all tiles came in one go");
+    Data::getDeviceById(200)->setVolume(77);
+    ZoneMembership::forget(199);
+    QVERIFY(console->waitFor("$('.tile').length === 199"));
+    QCOMPARE(console->text("$('#device_volume_200').parent().attr('title')"),
+             QStringLiteral("Громкость: 77"));
+    // The list of another page doesn't get the rest of this one.
+    console->value("loadHomePage()");
+    QVERIFY(console->waitFor("$('.tile').length >= 40 && $('.tile').length < 199"));
+    console->value("wrapperLoadDeviceInfo(1)");
+    QVERIFY(console->waitFor("$('.device_menu').length === 199"));
+    QCOMPARE(console->value("$('.tile').length").toInt(), 0);
+    QCOMPARE(console->text("$('.device_menu').first().attr('id')"),
+             QStringLiteral("device_menu_1"));
+}
+
+void FrameTest::unitGoesWhileItsPageIsOpen()
+{
+    makeFleet(3);
+    showFrame();
+    console->value("wrapperLoadDeviceInfo(2)");
+    QVERIFY(console->waitFor("$('#device_name').text() === 'Громкоговоритель 2'"));
+    ZoneMembership::forget(2);
+    QVERIFY(!Data::getDeviceById(2));
+    QCOMPARE(console->value("$('.device_menu').length").toInt(), 2);
+    QCOMPARE(console->text("$('#device_name').text()"), QStringLiteral("Громкоговоритель 1"));
+    ZoneMembership::forget(1);
+    ZoneMembership::forget(3);
+    QCOMPARE(console->text("$('#device_name').text()"), QStringLiteral("--"));
+    QCOMPARE(console->text("$('#device_id').val()"), QStringLiteral("0"));
+    QCOMPARE(console->scriptErrors(), QStringList());
+}
+
+void FrameTest::comingBackShowsTheSameAsStaying()
+{
+    makeFleet(30);
+    showFrame();
+    QVERIFY(console->waitFor("$('.tile').length === 30"));
+    for (int order = 1; order <= 30; ++order) {
+        receive(statePush(order, 1 + order % 30));
+    }
+    receive(statePush(31, 99)); // a unit that nobody has told of
+    QCOMPARE(console->value("$('.tile').length").toInt(), 31);
+    const QString wall = looksOf("#main_kelpa_list");
+    const QString stayed = console->text(wall);
+    console->value("$('#main_kelpa_list').addClass('old'); loadHomePage()");
+    QVERIFY(console->waitFor("$('.old').length === 0 && $('.tile').length === 31"));
+    QCOMPARE(console->text(wall).split('\n'), stayed.split('\n'));
+
+    const QString list =
+        looksOf("#deviceList, #device_panel") + QStringLiteral(" + $('#device_volume').val()");
+    console->value("wrapperLoadDeviceInfo(7)");
+    QVERIFY(console->waitFor("$('.device_menu').length === 31 && $('#device_id').val() === '7'"));
+    receive(statePush(32, 7));
+    receive(statePush(33, 8));
+    const QString stayedOnDevice = console->text(list);
+    console->value("$('#deviceList').addClass('old'); wrapperLoadDeviceInfo(7)");
+    QVERIFY(console->waitFor("$('.old').length === 0 && $('.device_menu').length === 31 && "
+                             "$('#device_id').val() === '7'"));
+    QCOMPARE(console->text(list).split('\n'), stayedOnDevice.split('\n'));
+}
+
+void FrameTest::stormOfPushesLeavesThePageAsTheMirror()
+{
+    makeFleet(24);
+    showFrame();
+    QVERIFY(console->waitFor("$('.tile').length === 24"));
+    for (int order = 1; order <= 10000; ++order) {
+        receive(statePush(order, 1 + order % 24));
+    }
+    for (const Device& device : Data::deviceList) {
+        const QString tile = QStringLiteral("$('#device_volume_%1').parent().attr('title') + "
+                                            "$('#device_state_%1').text()")
+                                 .arg(device.getId());
+        QCOMPARE(console->text(tile),
+                 QStringLiteral("Громкость: %1%2")
+                     .arg(device.getVolume())
+                     .arg(device.getStatus() == DeviceOnline ? "Подключен" : "Отключен"));
+    }
 }
 
 void FrameTest::missingFragmentEmptiesItsRegion()

@@ -56,10 +56,11 @@ function setVolumeOfSelected(volume) {
 
 var activeZone = 0; // the zone whose tiles the home page shows; 0 is all
 
-// The home page says so when there is nothing to show.
+// The home page says so when there is nothing to show. Asked for at each tile that comes, so it looks
+// for the first one only, and never for a computed style.
 function showEmptyList() {
     var tiles = activeZone === 0 ? ".zone_device" : ".zone_device_" + activeZone;
     $("#no_devices")
         .text(activeZone === 0 ? "Нет устройств" : "В этой зоне нет устройств")
-        .toggle($(tiles).length === 0);
+        .toggleClass("hidden", document.querySelector(tiles) !== null);
 }

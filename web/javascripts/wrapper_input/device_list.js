@@ -35,8 +35,8 @@ function wrapperInput_device_add(id, name, status, volume, playback) {
         $("<span class='btn tile_icon fa'>")
             .attr({id: "device_playing_" + id, title: "Воспроизведение"})
             .addClass(getPlaybackIcon(playback)),
-        tileIcon(id, "task", "fa-calendar", "Расписание").addClass("btn-default").hide(),
-        tileIcon(id, "lines", "fa-volume-up", "Линии").addClass("btn-danger"),
+        tileIcon(id, "task", "fa-calendar", "Расписание").addClass("btn-default hidden"),
+        tileIcon(id, "lines", "fa-volume-up", "Линии").addClass("btn-success"),
         battery,
         tileIcon(id, "power", "fa-bolt", "Сеть 220 В").addClass("btn-danger"),
         tileIcon(id, "hull", "fa-unlock-alt", "Крышка корпуса").addClass("btn-danger"),
@@ -83,11 +83,11 @@ function showLink(id, status) {
         "kelpa_item_heading_" + state.name
     );
     $("#device_state_" + id).text(state.word);
-    $("#device_button_" + id).toggleClass("disabled", status !== 2);
-    if (status !== 2) {
-        setOneClass("#device_button_" + id, ["fa-square-o", "fa-check-square-o"], "fa-square-o");
+    var select = $("#device_button_" + id).toggleClass("disabled", status !== 2);
+    if (status !== 2 && select.hasClass("fa-check-square-o")) {
+        select.toggleClass("fa-square-o fa-check-square-o");
+        showSelection();
     }
-    showSelection();
 }
 
 function wrapperInput_device_linkOn(id) {
@@ -144,17 +144,21 @@ function wrapperInput_device_setPlaybackCategory(id, playback) {
 }
 
 function wrapperInput_device_setTask(id, taskId, title) {
-    $("#device_task_" + id).attr("title", "Расписание: " + title).toggle(taskId > 0);
+    $("#device_task_" + id).attr("title", "Расписание: " + title).toggleClass("hidden", taskId <= 0);
 }
 
 function wrapperInput_zone_includeDevice(zoneId, deviceId) {
     $("#device_" + deviceId).addClass("zone_device_" + zoneId);
-    showEmptyList();
+    if (zoneId === activeZone) {
+        showEmptyList();
+    }
 }
 
 function wrapperInput_zone_excludeDevice(zoneId, deviceId) {
     $("#device_" + deviceId).removeClass("zone_device_" + zoneId);
-    showEmptyList();
+    if (zoneId === activeZone) {
+        showEmptyList();
+    }
 }
 
 function device_select(id) {

@@ -1,0 +1,174 @@
+// A login until the mirror is complete, against a bare client that sends the very same requests one
+// by one over the same TLS to the same demo server.
+
+#include "Measure.h"
+#include "app/Data.h"
+#include "log/Logger.h"
+#include "model/Device.h"
+#include "model/ModelList.h"
+#include "model/User.h"
+#include "network/JsonStreamSplitter.h"
+#include "network/NetworkParser.h"
+#include "network/TcpClient.h"
+#include "page/Console.h"
+#include "view/WebView.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSslSocket>
+#include <QtTest>
+
+namespace
+{
+
+constexpr int startMilliseconds = 60000;
+constexpr int loginMilliseconds = 300000;
+const QString address = QStringLiteral("127.0.0.1");
+
+[[noreturn]] void fail(const char* text)
+{
+    std::fprintf(stderr, "%s\n", text);
+    std::exit(1);
+}
+
+/// The demo server with a fleet in which nothing happens; returns its port.
+quint16 startServer(QProcess& server, int units, const QString& folder)
+{
+    server.setProcessChannelMode(QProcess::MergedChannels);
+    server.start(QStringLiteral(SIMULATOR), {"--port", "0", "--quiet", "--no-announce", "--data",
+                                             folder, "--devices", QString::number(units)});
+    static const QRegularExpression listening("Listening on 127\\.0\\.0\\.1:(\\d+)");
+    QByteArray output;
+    const bool isListening = QTest::qWaitFor(
+        [&] {
+            output += server.readAll();
+            return listening.match(output).hasMatch();
+        },
+        startMilliseconds);
+    if (!isListening) {
+        fail("the demo server didn't start");
+    }
+    return listening.match(output).captured(1).toUShort();
+}
+
+/// Logs in and waits until every request has its reply, in seconds; logs out again.
+double logIn(Console& console, quint16 port, int units)
+{
+    const double time = Measure::seconds([&] {
+        console.view().login_tryLogin("admin", "admin",
+                                      QStringLiteral("%1/%2").arg(address).arg(port));
+        const bool isComplete = QTest::qWaitFor(
+            [&] {
+                return Data::getCurrentUser() && Data::deviceList.size() == units &&
+                       Data::parser.getPacketCount() == 0;
+            },
+            loginMilliseconds);
+        if (!isComplete) {
+            fail("the mirror didn't become complete");
+        }
+    });
+    Data::tcpClient.exit();
+    console.waitForPage("login.html");
+    return time;
+}
+
+/// The requests of a login, as the log of one in debug mode has them.
+QVector<QByteArray> recordLogin(Console& console, quint16 port, int units)
+{
+    Data::debugMode = true;
+    logIn(console, port, units);
+    Data::debugMode = false;
+    static const QRegularExpression request("Quered message: (\\{.*?\n\\})\n",
+                                            QRegularExpression::DotMatchesEverythingOption);
+    QVector<QByteArray> texts;
+    const QDir folder(console.folder());
+    const QStringList logs = folder.entryList({"*.txt"});
+    for (const QString& name : logs) {
+        QFile log(folder.filePath(name));
+        log.open(QIODevice::ReadOnly);
+        auto matches = request.globalMatch(QString::fromUtf8(log.readAll()));
+        while (matches.hasNext()) {
+            texts.append(matches.next().captured(1).toUtf8() + '\n');
+        }
+        log.close();
+        log.remove();
+    }
+    return texts;
+}
+
+/// Sends each text when the object that answers the one before has come.
+double replay(const QVector<QByteArray>& texts, quint16 port)
+{
+    return Measure::seconds([&] {
+        QSslSocket socket;
+        JsonStreamSplitter splitter;
+        QEventLoop loop;
+        int next = 0;
+        socket.setPeerVerifyMode(QSslSocket::VerifyNone);
+        const auto send = [&] {
+            socket.write(texts.at(next++));
+            socket.flush();
+        };
+        QObject::connect(&socket, &QSslSocket::readyRead, &socket, [&] {
+            splitter.feed(socket.readAll());
+            while (splitter.next() == JsonStreamSplitter::Found::Object) {
+                if (next == texts.size()) {
+                    loop.quit();
+                    return;
+                }
+                send();
+            }
+        });
+        socket.connectToHostEncrypted(address, port);
+        if (!socket.waitForEncrypted(startMilliseconds)) {
+            fail("the bare client found no server");
+        }
+        socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+        send();
+        loop.exec();
+        socket.disconnect();
+        socket.abort();
+    });
+}
+
+void measure(Measure::Report& report, Console& console, int units, int repetitions)
+{
+    QProcess server;
+    const quint16 port = startServer(server, units, report.path());
+    const QVector<QByteArray> texts = recordLogin(console, port, units);
+    std::vector<Measure::Way> ways{
+        {"bare client, the same requests", [&] { return replay(texts, port); }},
+        {"console", [&] { return logIn(console, port, units); }}};
+    Measure::interleave(ways, repetitions);
+    const QByteArray heading = QStringLiteral("Login until the mirror is complete, %1 units, %2 "
+                                              "requests")
+                                   .arg(units)
+                                   .arg(texts.size())
+                                   .toUtf8();
+    report.table(heading.constData(), ways, texts.size(), "request");
+    server.terminate();
+    server.waitForFinished();
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    Q_INIT_RESOURCE(web);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    const int scale = Measure::option(argc, argv, "--scale", 1); // divides every number of units
+    const int repetitions = Measure::option(argc, argv, "--repetitions", 3);
+    Measure::Report report;
+    Console console;
+    Data::debugMode = false;
+    console.waitForPage("login.html");
+    for (const int units : {100, 1000, 5000}) {
+        measure(report, console, units / scale, repetitions);
+    }
+    return 0;
+}
