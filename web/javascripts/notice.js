@@ -1,4 +1,4 @@
-// Dialogs that are a title, a text and one or two buttons.
+// Dialogs that are a title, a text and up to three buttons.
 
 function dialogButton(button, kind) {
     return $("<button type='button' class='btn'>")
@@ -21,6 +21,7 @@ function dialogButton(button, kind) {
 //   argument  id of an element behind the text that shows the function's argument
 //   accept    {text: "Ок", kind: "primary", action: function}, all of it optional
 //   cancel    the second button, if there is one: {text: "Отмена", action: function}
+//   other     the third, between the two: {text: ..., action: function}
 function notice(name, options) {
     var region = loadingRegion || "body";
     var body = $("<div class='modal-body'>");
@@ -34,6 +35,9 @@ function notice(name, options) {
     var footer = $("<div class='modal-footer'>");
     if (options.cancel) {
         footer.append(dialogButton($.extend({text: "Отмена"}, options.cancel), "cancel"));
+    }
+    if (options.other) {
+        footer.append(dialogButton(options.other, "other"));
     }
     footer.append(dialogButton(accept, options.cancel ? "accept" : "accept cancel"));
     var dialog = $("<div class='modal fade' tabindex='-1' data-backdrop='static' data-keyboard='false'>")

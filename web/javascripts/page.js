@@ -76,11 +76,19 @@ function changeMenu(id) {
     }, 500);
 }
 
-// The bottom bar of an area that "Назад" leaves for the home page.
-function buildBackBar() {
+// Leaves a section that the operator may no longer use. The screen lock stays as it is.
+function leaveForHomePage() {
+    loadModal("device_list");
+    loadHomePage();
+    $(".modal").not("#blockModal, #blockModalWrongPassword").modal("hide");
+    modalAdminRolePermissionLost();
+}
+
+// Puts "Назад" into the bottom bar; without an `action` it leads to the home page.
+function buildBackBar(action) {
     $("<button type='button' id='back' class='btn btn-default'>")
         .append($("<i class='fa fa-chevron-left'>"), document.createTextNode(" Назад"))
-        .on("click", loadHomePage)
+        .on("click", action || loadHomePage)
         .prependTo("#bot_menu");
 }
 

@@ -8,7 +8,7 @@ function menu_ZoneAdd(id, name) {
             .on("click", menu_ZoneSelectAll),
         $("<div>").attr("id", "sub_zone_" + id)
     );
-    filterTilesByZone(0);
+    showCardsOfZone(".zone_device", 0);
 }
 
 function wrapperInput_zone_add(id, parentId, name, parentName, type) {
@@ -59,18 +59,6 @@ function wrapperInput_zone_delete(id) {
     }
 }
 
-// One style rule in place of a change at each of a thousand tiles.
-function filterTilesByZone(id) {
-    activeZone = id;
-    $("#zone_filter").remove();
-    if (id !== 0) {
-        $("<style id='zone_filter'>")
-            .text(".zone_device { display: none; } .zone_device_" + id + " { display: block; }")
-            .appendTo("head");
-    }
-    showEmptyList();
-}
-
 function menu_ZoneSelect(id) {
     var zone = $("#zone_" + id);
     $(".zone").removeClass("zone_active zone_hard_active zone_logic_active");
@@ -79,7 +67,7 @@ function menu_ZoneSelect(id) {
     } else {
         zone.addClass(zone.hasClass("zone_hard") ? "zone_hard_active" : "zone_logic_active");
     }
-    filterTilesByZone(id);
+    showCardsOfZone(".zone_device", id);
 }
 
 function menu_ZoneSelectAll() {
