@@ -147,6 +147,6 @@ function playback_startGong() {
     } else if (selectedDevices().length === 0) {
         modalSelectingKelpasShow();
     } else {
-        wrapperPlayPlaylistAndTrack(7, Number(gong), selectedDevices().join(), "overlap", "track", 1, "stop");
+        wrapperPlayPlaylistAndTrack(gongCategory, Number(gong), selectedDevices().join(), "overlap", "track", 1, "stop");
     }
 }

@@ -4,8 +4,18 @@ var regionLoads = {}; // per region, the number of the load that counts
 var regionNotices = {}; // per region, the functions of the notices that its fragment declared
 var loadingRegion = null; // the region whose fragment is being put in
 
+// Ends a dialog at once, also in the middle of its fading in or out, which would outlive it.
+function endDialog() {
+    var dialog = $(this).removeClass("fade").data("bs.modal");
+    if (dialog && dialog.isShown) {
+        dialog.hide();
+    } else if (dialog && dialog.$backdrop) {
+        dialog.hideModal();
+    }
+}
+
 function openRegionFragment(region, text) {
-    $(region).find(".modal.in").removeClass("fade").modal("hide");
+    $(region).find(".modal").each(endDialog);
     (regionNotices[region] || []).forEach(function (name) {
         delete window[name];
     });
@@ -103,8 +113,11 @@ function whenWrapperIsThere(action) {
     }
 }
 
-// A dialog on top of others darkens them too.
+// A dialog that is shown again while it still fades away starts anew, or the end of its fading would
+// hide it. A dialog on top of others darkens them too.
 $(document).on("show.bs.modal", ".modal", function () {
+    var dialog = $(this).off("bsTransitionEnd").data("bs.modal");
+    dialog.removeBackdrop();
     var below = $(".modal.in").not(this).length;
     $(this).css("z-index", 1050 + 20 * below);
     setTimeout(function () {

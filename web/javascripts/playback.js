@@ -5,6 +5,7 @@ var currentTrack = 0; // the track picked for a start
 
 var radioCategory = 1;
 var alarmCategory = 6;
+var gongCategory = 7;
 
 // A whole number of seconds in words.
 function durationText(seconds) {

@@ -1,7 +1,7 @@
 // The page of alarm broadcasts: the gongs.
 
 function wrapperInput_playback_addItem(id, parentId, title, type) {
-    if (parentId === 7 && type !== 1 && gongOption(id).length === 0) {
+    if (parentId === gongCategory && type !== 1 && gongOption(id).length === 0) {
         $("<option>").val(id).text(title).appendTo("#gongs");
         refreshGongs();
     }

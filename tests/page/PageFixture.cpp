@@ -1,0 +1,101 @@
+#include "page/PageFixture.h"
+
+#include "page/ScriptCall.h"
+#include "view/LocalPage.h"
+#include "view/WebView.h"
+
+#include <QWebView>
+#include <QtTest>
+
+const QString hostileText =
+    QStringLiteral("\"><img src=x onerror=\"window.pwned=1\">'\\\n</script>");
+
+namespace
+{
+
+/// A stand-in for the object that native code publishes, with the same slots, that notes the calls.
+QString slotRecorder()
+{
+    QStringList names;
+    const QMetaObject& meta = WebView::staticMetaObject;
+    for (int index = meta.methodOffset(); index < meta.methodCount(); ++index) {
+        names.append(QString::fromLatin1(meta.method(index).name()));
+    }
+    // TEMPORARY until the slots are there
+    names +=
+        QStringLiteral("playback_loadList playback_loadZoneList playback_loadPlayback "
+                       "playback_loadPlaybackWithPlaylist playback_loadPlaybackType playback_play "
+                       "playback_stop playback_pause playback_prev playback_next playback_nextById "
+                       "playback_setVolume playback_startRedirection playback_stopRedirection")
+            .split(' ');
+    return QStringLiteral("window.slotCalls = []; window.wrapper = {}; '%1'.split(' ')"
+                          ".forEach(function (name) { wrapper[name] = function () { "
+                          "slotCalls.push(name + '(' + [].slice.call(arguments).join() + ')'); "
+                          "}; });")
+        .arg(names.join(' '));
+}
+
+} // namespace
+
+Console& PageFixture::console() const
+{
+    if (!theConsole) {
+        theConsole = std::make_unique<Console>();
+        theConsole->waitForPage("login.html");
+    }
+    return *theConsole;
+}
+
+void PageFixture::openPage(const QString& open, const QString& isThere)
+{
+    console().load(LocalPage::sessionUrl);
+    QVERIFY(console().waitForPage("index.html"));
+    QVERIFY(
+        console().waitFor("$('#top_menu #device_list').length > 0 && "
+                          "$('#modalShowVersion').length > 0 && $('#selected_devices').length"));
+    run(slotRecorder());
+    run("modalLoadingHide(); slotCalls = [];" + open);
+    QVERIFY2(console().waitFor(isThere), qPrintable(console().scriptErrors().join('\n')));
+    QVERIFY(console().waitFor("!$('#loadingModal').is(':visible')"));
+}
+
+QString PageFixture::takeCalls()
+{
+    return text("slotCalls.splice(0).join(' ')");
+}
+
+void PageFixture::pressEscape() const
+{
+    QTest::keyClick(console().view().getView(), Qt::Key_Escape);
+}
+
+bool PageFixture::isHarmless() const
+{
+    return is("$('img').length === 0 && typeof window.pwned === 'undefined'");
+}
+
+void PageFixture::addUnits()
+{
+    struct Unit {
+        const char* name;
+        int status;
+        int playback;
+        int category;
+    };
+    const Unit units[] = {{"Холл, центральный вход у ресепшн", 2, 3, 2},
+                          {"Столовая", 2, 0, 0},
+                          {"Кухня", 1, 0, 0},
+                          {"Двор, северная мачта", 0, 3, 2}};
+    int id = 0;
+    for (const Unit& unit : units) {
+        ++id;
+        Page::call("wrapperInput_device_add", id, QString::fromUtf8(unit.name), unit.status,
+                   25 * id, unit.category, true, QStringLiteral("playback_%1").arg(unit.playback));
+    }
+    Page::call("wrapperInput_zone_add", 5, 0, QStringLiteral("Первый этаж"),
+               QStringLiteral("Все зоны"), 0);
+    Page::call("wrapperInput_zone_add", 6, 5, QStringLiteral("Коридор"),
+               QStringLiteral("Первый этаж"), 1);
+    Page::call("wrapperInput_zone_includeDevice", 5, 1);
+    Page::call("wrapperInput_zone_includeDevice", 5, 3);
+}
