@@ -21,13 +21,8 @@ QString slotRecorder()
     for (int index = meta.methodOffset(); index < meta.methodCount(); ++index) {
         names.append(QString::fromLatin1(meta.method(index).name()));
     }
-    // TEMPORARY until the slots are there
-    names +=
-        QStringLiteral("playback_loadList playback_loadZoneList playback_loadPlayback "
-                       "playback_loadPlaybackWithPlaylist playback_loadPlaybackType playback_play "
-                       "playback_stop playback_pause playback_prev playback_next playback_nextById "
-                       "playback_setVolume playback_startRedirection playback_stopRedirection")
-            .split(' ');
+    // To come with the broadcasts.
+    names << "playback_startRedirection" << "playback_stopRedirection";
     return QStringLiteral("window.slotCalls = []; window.wrapper = {}; '%1'.split(' ')"
                           ".forEach(function (name) { wrapper[name] = function () { "
                           "slotCalls.push(name + '(' + [].slice.call(arguments).join() + ')'); "
@@ -42,6 +37,8 @@ Console& PageFixture::console() const
     if (!theConsole) {
         theConsole = std::make_unique<Console>();
         theConsole->waitForPage("login.html");
+        // A page that is left while its icons load leaves the later ones without them.
+        theConsole->waitFor("$('.fa:visible').first().width() > 0");
     }
     return *theConsole;
 }

@@ -156,7 +156,7 @@ function changeTrack(trackId) {
 
 function buildPlaybackList() {
     $("#playback_page").append(
-        titledPanel("Фрагменты", $("<div class='panel_scroll'>").append(itemTable("Выберите воспроизведение"))),
+        titledPanel("Фрагменты", $("<div class='panel_scroll'>").append(itemTable("Нет фрагментов"))),
         devicePanel(zoneSelect(zoneSelectActive))
     );
     $("#playlistTable").on("dblclick", ".track", function () {
