@@ -22,7 +22,8 @@ QString slotRecorder()
         names.append(QString::fromLatin1(meta.method(index).name()));
     }
     // To come with the broadcasts.
-    names << "playback_startRedirection" << "playback_stopRedirection";
+    names << "playback_startRedirection"
+          << "playback_stopRedirection";
     return QStringLiteral("window.slotCalls = []; window.wrapper = {}; '%1'.split(' ')"
                           ".forEach(function (name) { wrapper[name] = function () { "
                           "slotCalls.push(name + '(' + [].slice.call(arguments).join() + ')'); "
@@ -43,15 +44,17 @@ Console& PageFixture::console() const
     return *theConsole;
 }
 
-void PageFixture::openPage(const QString& open, const QString& isThere)
+void PageFixture::openPage(const QString& open, const QString& isThere, Slots calls)
 {
     console().load(LocalPage::sessionUrl);
     QVERIFY(console().waitForPage("index.html"));
     QVERIFY(
         console().waitFor("$('#top_menu #device_list').length > 0 && "
                           "$('#modalShowVersion').length > 0 && $('#selected_devices').length"));
-    run(slotRecorder());
-    run("modalLoadingHide(); slotCalls = [];" + open);
+    if (calls == Slots::Recorded) {
+        run(slotRecorder());
+    }
+    run("modalLoadingHide();" + open);
     QVERIFY2(console().waitFor(isThere), qPrintable(console().scriptErrors().join('\n')));
     QVERIFY(console().waitFor("!$('#loadingModal').is(':visible')"));
 }
@@ -95,4 +98,31 @@ void PageFixture::addUnits()
                QStringLiteral("Первый этаж"), 1);
     Page::call("wrapperInput_zone_includeDevice", 5, 1);
     Page::call("wrapperInput_zone_includeDevice", 5, 3);
+}
+
+void PageFixture::addTracks(int playlist)
+{
+    Page::call("wrapperInput_playback_addItem", 11, playlist, QStringLiteral("Марш"), 0, 120);
+    Page::call("wrapperInput_playback_addItem", 12, playlist,
+               QStringLiteral("Вальс с очень длинным названием, которое не помещается в строке"), 0,
+               45);
+}
+
+void PageFixture::addHostileItems(int playlist)
+{
+    Page::call("wrapperInput_device_add", 1, hostileText, 2, 1, 2, true, "playback_3");
+    Page::call("wrapperInput_device_setTask", 1, 1, hostileText);
+    Page::call("wrapperInput_zone_add", 5, 0, hostileText, hostileText, 0);
+    Page::call("wrapperInput_zone_setName", 5, hostileText + "2", hostileText);
+    Page::call("wrapperInput_playback_addItem", 11, playlist, hostileText, 0, 1);
+    Page::call("wrapperInput_playback_addItem", 12, playlist, hostileText, 1, 1);
+    QCOMPARE(text("$('#track_11 .item_title').text()"), hostileText);
+    QCOMPARE(text("$('#device_name_1').text()"), hostileText);
+    Page::call("wrapperInput_playback_setTrackName", 11, hostileText + "2");
+    QCOMPARE(text("$('#track_11 .item_title').text()"), hostileText + "2");
+}
+
+QString PageFixture::shownUnits() const
+{
+    return text("$('.tile:visible').map(function () { return this.id; }).get().join()");
 }

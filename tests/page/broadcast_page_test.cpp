@@ -1,7 +1,6 @@
 #include "page/PageFixture.h"
 #include "page/ScriptCall.h"
 
-#include <QApplication>
 #include <QtTest>
 
 /// The pages of live broadcasts, voice and alarm, and the gong.
@@ -241,12 +240,5 @@ void BroadcastPageTest::hostileNamesAreText()
     QVERIFY(is("$('#gongs option').length === 0"));
 }
 
-int main(int argc, char* argv[])
-{
-    Q_INIT_RESOURCE(web);
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    BroadcastPageTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+VANTORDESK_PAGE_TEST(BroadcastPageTest)
 #include "broadcast_page_test.moc"

@@ -1,10 +1,18 @@
+#include "app/Data.h"
+#include "model/Device.h"
+#include "model/ModelList.h"
+#include "model/Playback.h"
+#include "model/Playlist.h"
+#include "model/Track.h"
+#include "network/TcpClient.h"
 #include "page/PageFixture.h"
 #include "page/ScriptCall.h"
 
-#include <QApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QtTest>
 
-/// The pages of the running playbacks, of a new one, and of the alarm announcements.
+/// The page of the running playbacks.
 class PlaybackPageTest : public PageFixture
 {
     Q_OBJECT
@@ -21,29 +29,14 @@ private Q_SLOTS:
     void transportIsOffWithoutPlayback();
     void endOfAPlayback();
     void presetsPlaybackIsSelected();
-    void foldersStayAboveTracks();
-    void durationsOfRows_data();
-    void durationsOfRows();
-    void pickedTrackGoesWithItsFolder();
-    void newPageOffersOnlineUnitsOnly();
-    void startNeedsSourceAndUnits();
-    void startCarriesTheSettings_data();
-    void startCarriesTheSettings();
-    void overlapAsksAgain();
-    void alarmPageFallsBackWithItsPlaylist();
-    void hostileTitlesAreText_data();
     void hostileTitlesAreText();
+    void operatorsRoadToTheServer();
 
 private:
     void openList();
-    void openNew();
-    void openAlarms();
     void addPlaybacks();
-    void addTracks(int playlist);
-    QString shownUnits() const
-    {
-        return text("$('.tile:visible').map(function () { return this.id; }).get().join()");
-    }
+    void fillMirror();
+    QJsonObject lastRequest(const QString& action) const;
 };
 
 void PlaybackPageTest::openList()
@@ -51,21 +44,6 @@ void PlaybackPageTest::openList()
     openPage("$('#playlist').click()",
              "$('#playback_page .device_panel').length && $('#playbackList').length && "
              "$('#transport').length && $('#zone_select').next('.select2').length");
-}
-
-void PlaybackPageTest::openNew()
-{
-    openPage("$('#playlist').click(); openNewPlayback();",
-             "$('#source_page .device_panel').length && $('#playback_type_1').length && "
-             "$('#create').length && $('#modalOverlap').length");
-}
-
-void PlaybackPageTest::openAlarms()
-{
-    openPage("loadSideMenu('alarm_zone_list'); loadTopMenu('alarm_list'); "
-             "loadMainBody('alarm_list'); loadBotMenu('alarm_messages_list'); loadModal('alarm');",
-             "$('#alarm_page .device_panel').length && $('#zone_0').length && "
-             "$('#create').length && $('#modalOverlap').length && !$('#top_menu .top_tab').length");
 }
 
 void PlaybackPageTest::addPlaybacks()
@@ -78,14 +56,6 @@ void PlaybackPageTest::addPlaybacks()
                40, 0.0, -1);
     Page::call("playback_selectDevice", 3);
     takeCalls();
-}
-
-void PlaybackPageTest::addTracks(int playlist)
-{
-    Page::call("wrapperInput_playback_addItem", 11, playlist, QStringLiteral("Марш"), 0, 120);
-    Page::call("wrapperInput_playback_addItem", 12, playlist,
-               QStringLiteral("Вальс с очень длинным названием, которое не помещается в строке"), 0,
-               45);
 }
 
 void PlaybackPageTest::listLoadsWhateverFragmentComesFirst()
@@ -303,247 +273,87 @@ void PlaybackPageTest::presetsPlaybackIsSelected()
     QCOMPARE(text("String(playbackForLoad)"), QStringLiteral("0"));
 }
 
-void PlaybackPageTest::foldersStayAboveTracks()
-{
-    openNew();
-    addUnits();
-    QCOMPARE(takeCalls().section(' ', -1), QStringLiteral("playback_loadPlaybackWithPlaylist(1)"));
-    run("$('#playback_type_2').click()");
-    QCOMPARE(takeCalls(), QStringLiteral("playback_loadPlaybackWithPlaylist(2)"));
-    Page::call("wrapperInput_playback_addItem", 30, 2, QStringLiteral("Вечер"), 1, 600);
-    run("$('#playlist_30').click()");
-    QCOMPARE(takeCalls(), QStringLiteral("playback_loadPlaybackWithPlaylist(30)"));
-    Page::call("wrapperInput_playback_addItem", 2, 30, "..", 1, 0);
-    addTracks(30);
-    Page::call("wrapperInput_playback_addItem", 31, 30, QStringLiteral("Поздний вечер"), 1, 61);
-    Page::call("wrapperInput_playback_addItem", 31, 30, "twice", 1, 61);
-    Page::call("wrapperInput_playback_addItem", 32, 2, "elsewhere", 1, 61);
-    Page::call("wrapperInput_playback_setPlaylistName", 2, "the folder above");
-    QCOMPARE(text("$('#playlistTable tbody tr').map(function () { return this.id; }).get().join()"),
-             QStringLiteral("playlist_2,playlist_31,track_11,track_12"));
-    QCOMPARE(text("$('#playlist_2 .item_title').text()"), QStringLiteral(".."));
-    QCOMPARE(text("$('#playlist_31 .item_duration').text()"), QStringLiteral("1 мин. 1 сек."));
-    run("$('#track_12').click()");
-    QVERIFY(is("$('#track_12').hasClass('record_active')"));
-    run("$('#device_1 .kelpa_item').click()");
-    console().picture("playback-new");
-    Page::call("wrapperInput_playback_deletePlaylist", 30);
-    QCOMPARE(takeCalls(), QStringLiteral("playback_loadPlaybackWithPlaylist(2)"));
-}
-
-void PlaybackPageTest::durationsOfRows_data()
-{
-    QTest::addColumn<int>("category");
-    QTest::addColumn<int>("duration");
-    QTest::addColumn<QString>("words");
-    QTest::newRow("seconds") << 2 << 59 << "59 сек.";
-    QTest::newRow("one minute") << 2 << 60 << "60 сек.";
-    QTest::newRow("minutes") << 2 << 3725 << "62 мин. 5 сек.";
-    QTest::newRow("live") << 2 << -1 << "";
-    QTest::newRow("radio") << 1 << 75 << "";
-}
-
-void PlaybackPageTest::durationsOfRows()
-{
-    QFETCH(int, category);
-    QFETCH(int, duration);
-    QFETCH(QString, words);
-    openNew();
-    run(QStringLiteral("selectPlaylist(%1)").arg(category));
-    Page::call("wrapperInput_playback_addItem", 11, category, "a", 0, duration);
-    Page::call("wrapperInput_playback_addItem", 12, category, "b", 0, 1);
-    Page::call("wrapperInput_playback_setTrackDuration", 12, duration);
-    QCOMPARE(text("$('#track_11 .item_duration').text()"), words);
-    QCOMPARE(text("$('#track_12 .item_duration').text()"), words);
-    QCOMPARE(is("$('th.item_duration').is(':visible')"), category != 1);
-}
-
-void PlaybackPageTest::pickedTrackGoesWithItsFolder()
-{
-    openNew();
-    addUnits();
-    run("selectPlaylist(2)");
-    addTracks(2);
-    run("$('#track_11').click(); $('#device_button_1').click(); selectPlaylist(3);"
-        "$('#create').click()");
-    QVERIFY(console().waitFor("$('#modalSelectingAudioSource').hasClass('in')"));
-    addTracks(3);
-    run("$('#track_11').click()");
-    Page::call("wrapperInput_playback_deleteTrack", 11);
-    QCOMPARE(text("String(currentTrack)"), QStringLiteral("0"));
-    // Somebody else's playback ends: the picked track stays picked only if its row is there again.
-    run("$('#track_12').click(); slotCalls = [];");
-    Page::call("wrapperInput_playback_clearItems");
-    QCOMPARE(takeCalls(), QStringLiteral("playback_loadPlaybackWithPlaylist(3)"));
-    QCOMPARE(text("String(currentTrack)"), QStringLiteral("0"));
-}
-
-void PlaybackPageTest::newPageOffersOnlineUnitsOnly()
-{
-    openNew();
-    addUnits();
-    QCOMPARE(shownUnits(), QStringLiteral("device_1,device_2"));
-    run("$('#zone_select').val(5).trigger('change'); $('#zone_select_current').click()");
-    QCOMPARE(shownUnits(), QStringLiteral("device_1"));
-    QCOMPARE(text("selectedDevices().join()"), QStringLiteral("1"));
-    Page::call("wrapperInput_device_linkOn", 3);
-    QCOMPARE(shownUnits(), QStringLiteral("device_1,device_3"));
-    Page::call("wrapperInput_device_linkOff", 1);
-    QCOMPARE(text("selectedDevices().join()"), QString());
-    run("$('#zone_select_all').click()");
-    QCOMPARE(text("selectedDevices().join()"), QStringLiteral("2,3"));
-    QVERIFY(text("$('#selected_devices').text()").endsWith(" 2"));
-    run("$('#zone_deselect_all').click()");
-    QCOMPARE(text("selectedDevices().join()"), QString());
-}
-
-void PlaybackPageTest::startNeedsSourceAndUnits()
-{
-    openNew();
-    addUnits();
-    run("slotCalls = []; $('#create').click()");
-    QVERIFY(console().waitFor("$('#modalSelectingAudioSource').hasClass('in')"));
-    run("$('#modalSelectingAudioSource .accept').click()");
-    addTracks(1);
-    run("$('#track_11').click(); $('#create').click()");
-    QVERIFY(console().waitFor("$('#modalSelectingKelpas').hasClass('in')"));
-    QCOMPARE(takeCalls(), QString());
-}
-
-void PlaybackPageTest::startCarriesTheSettings_data()
-{
-    QTest::addColumn<bool>("isAlarm");
-    QTest::addColumn<QString>("settings");
-    QTest::addColumn<QString>("arguments");
-    QTest::newRow("defaults") << false << ""
-                              << "list,1,pause";
-    QTest::newRow("defaults of alarms") << true << ""
-                                        << "track,1,stop";
-    QTest::newRow("other") << false
-                           << "$('label[for=type_track], label[for=action_stop]').click(); "
-                              "$('#playback_repeat_count').val('12').trigger('keyup')"
-                           << "track,12,stop";
-    QTest::newRow("too many") << true << "$('#playback_repeat_count').val('9x99').trigger('input')"
-                              << "track,255,stop";
-    QTest::newRow("none") << false << "$('#playback_repeat_count').val('').trigger('keyup')"
-                          << "list,1,pause";
-}
-
-void PlaybackPageTest::startCarriesTheSettings()
-{
-    QFETCH(bool, isAlarm);
-    QFETCH(QString, settings);
-    QFETCH(QString, arguments);
-    if (isAlarm) {
-        openAlarms();
-    } else {
-        openNew();
-    }
-    addUnits();
-    const int playlist = isAlarm ? 6 : 1;
-    addTracks(playlist);
-    run("$('#track_12').click(); $('#zone_select_all').click(); slotCalls = [];" + settings);
-    if (isAlarm) {
-        console().picture("alarm-list");
-    }
-    run("$('#create').click()");
-    QCOMPARE(takeCalls(),
-             QStringLiteral("playback_play(%1,12,1,2,none,%2)").arg(playlist).arg(arguments));
-}
-
-void PlaybackPageTest::overlapAsksAgain()
-{
-    openNew();
-    addUnits();
-    addTracks(1);
-    run("$('#track_11').click(); $('#zone_select_all').click(); slotCalls = [];");
-    for (const auto& [button, strategy] :
-         {std::pair{".accept", "overlap"}, {".other", "partial"}}) {
-        Page::call("modalOverlapShow");
-        QVERIFY(console().waitFor("$('#modalOverlap').hasClass('in')"));
-        console().picture("overlap");
-        run(QStringLiteral("$('#modalOverlap %1').click()").arg(button));
-        QCOMPARE(takeCalls(),
-                 QStringLiteral("playback_play(1,11,1,2,%1,list,1,pause)").arg(strategy));
-        QVERIFY(console().waitFor("!$('#modalOverlap').is(':visible')"));
-    }
-    Page::call("modalOverlapShow");
-    QVERIFY(console().waitFor("$('#modalOverlap').hasClass('in')"));
-    pressEscape();
-    QVERIFY(console().waitFor("!$('#modalOverlap').is(':visible')"));
-    QCOMPARE(takeCalls(), QString());
-}
-
-void PlaybackPageTest::alarmPageFallsBackWithItsPlaylist()
-{
-    openAlarms();
-    addUnits();
-    QCOMPARE(shownUnits(), QStringLiteral("device_1,device_2,device_3,device_4"));
-    run("modalSelectingKelpasShow(); block()");
-    QVERIFY(console().waitFor("$('#blockModal').hasClass('in')"));
-    Page::call("wrapperInput_playback_deletePlaylist", 40);
-    QVERIFY(is("$('#alarm_page').length"));
-    Page::call("wrapperInput_playback_deletePlaylist", 6);
-    Page::call("wrapperInput_playback_deletePlaylist", 6);
-    QVERIFY(console().waitFor("$('#top_menu #device_list').length === 1 && "
-                              "$('#adminRolePermissionLost').hasClass('in')"));
-    QVERIFY(is("$('#blockModal').hasClass('in')"));
-    QVERIFY(console().waitFor("!$('#modalSelectingKelpas').is(':visible')"));
-}
-
-void PlaybackPageTest::hostileTitlesAreText_data()
-{
-    QTest::addColumn<int>("page");
-    QTest::newRow("list") << 0;
-    QTest::newRow("new") << 1;
-    QTest::newRow("alarms") << 2;
-}
-
 void PlaybackPageTest::hostileTitlesAreText()
 {
-    QFETCH(int, page);
-    const int playlist = page == 1 ? 1 : 6;
-    page == 0 ? openList() : page == 1 ? openNew() : openAlarms();
-    if (page == 0) {
-        Page::call("wrapperInput_playback_add", 3, 2, hostileText, hostileText, 1, 1.0, 2);
-        Page::call("playback_selectPlaylist", playlist);
-    }
-    Page::call("wrapperInput_device_add", 1, hostileText, 2, 1, 2, true, "playback_3");
-    Page::call("wrapperInput_device_setTask", 1, 1, hostileText);
-    Page::call("wrapperInput_zone_add", 5, 0, hostileText, hostileText, 0);
-    Page::call("wrapperInput_playback_addItem", 11, playlist, hostileText, 0, 1);
-    Page::call("wrapperInput_playback_addItem", 12, playlist, hostileText, 1, 1);
-    const QString row = text("$('#track_11 .item_title').text()");
-    QCOMPARE(row, hostileText);
-    QCOMPARE(text("$('#device_name_1').text()"), hostileText);
-    console().picture("hostile-" + QString::number(page));
-    const QString renamed = hostileText + "2";
-    Page::call("wrapperInput_playback_setTrackName", 11, renamed);
-    Page::call("wrapperInput_playback_setPlaylistName", playlist, renamed);
-    Page::call("wrapperInput_playback_setPlaylistName", 12, renamed);
-    Page::call("wrapperInput_zone_setName", 5, renamed, renamed);
-    QCOMPARE(text("$('#track_11 .item_title').text()"), renamed);
-    if (page == 0) {
-        QCOMPARE(text("$('#playback_title_3').text()"), renamed);
-        Page::call("wrapperInput_playback_setCurrentTrack", 3, 11, hostileText + "3");
-        QCOMPARE(text("$('#playback_name_3').text()"), hostileText + "3");
-        QVERIFY(is("$('#track_11').hasClass('record_current')"));
-    } else {
-        QCOMPARE(text("$('#playlist_12 .item_title').text()"), renamed);
-    }
-    if (page != 2) {
-        run("$('#zone_select').val(5).trigger('change').select2('open')");
-        QVERIFY(text("$('.select2-selection__rendered').text()").contains("<img"));
-    }
+    openList();
+    Page::call("wrapperInput_playback_add", 3, 2, hostileText, hostileText, 1, 1.0, 2);
+    Page::call("playback_selectPlaylist", 20);
+    addHostileItems(20);
+    console().picture("hostile-playback");
+    Page::call("wrapperInput_playback_setPlaylistName", 20, hostileText + "2");
+    QCOMPARE(text("$('#playback_title_3').text()"), hostileText + "2");
+    Page::call("wrapperInput_playback_setCurrentTrack", 3, 11, hostileText + "3");
+    QCOMPARE(text("$('#playback_name_3').text()"), hostileText + "3");
+    QVERIFY(is("$('#track_11').hasClass('record_current')"));
+    run("$('#zone_select').val(5).trigger('change').select2('open')");
+    QVERIFY(text("$('.select2-selection__rendered').text()").contains("<img"));
     QVERIFY(isHarmless());
 }
 
-int main(int argc, char* argv[])
+/// The page with the real slots on a filled mirror, up to the requests.
+void PlaybackPageTest::operatorsRoadToTheServer()
 {
-    Q_INIT_RESOURCE(web);
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    PlaybackPageTest test;
-    return QTest::qExec(&test, argc, argv);
+    fillMirror();
+    openPage("$('#playlist').click()", "$('#track_12').length && $('#transport').length",
+             Slots::Real);
+    QCOMPARE(shownUnits(), QStringLiteral("device_1"));
+    QVERIFY(is("$('#track_11').hasClass('record_current') && "
+               "$('#playback_title_3').text() === 'Утро' && $('#volume_value').val() === '40'"));
+    run("$('#forward').click()");
+    QCOMPARE(lastRequest("playNext").value("trackId").toInt(), 12);
+    run("$('#pause').click()");
+    QCOMPARE(lastRequest("pause").value("pause").toBool(), true);
+    run("$('#stop').click()");
+    QCOMPARE(lastRequest("stop").value("playbackId").toInt(), 3);
+
+    run("$('#new').click()");
+    QVERIFY(console().waitFor("$('#playback_type_2').length && $('#create').length && "
+                              "$('#device_2').length"));
+    run("$('#playback_type_2').click(); $('#playlist_20').click(); $('#track_12').click();"
+        "$('#device_button_2').click(); $('#playback_repeat_count').val('3'); "
+        "$('#create').click()");
+    const QJsonObject play = lastRequest("play");
+    QCOMPARE(play.value("playlistId").toInt(), 20);
+    QCOMPARE(play.value("trackId").toInt(), 12);
+    QCOMPARE(play.value("devices").toArray(), QJsonArray{2});
+    QCOMPARE(play.value("repeats").toInt(), 2);
+    QCOMPARE(play.value("targetPlaying").toString(), QStringLiteral("list"));
+    QCOMPARE(play.value("actionIfEnd").toString(), QStringLiteral("pause"));
+    QCOMPARE(play.value("strategy").toString(), QStringLiteral("none"));
+    Data::clearSession();
 }
+
+void PlaybackPageTest::fillMirror()
+{
+    for (int id = 1; id <= 2; ++id) {
+        auto device = std::make_unique<Device>();
+        device->setId(id);
+        device->setStatus(DeviceOnline);
+        device->setVolume(40 * id);
+        Data::deviceList.append(std::move(device));
+    }
+    Data::playlistList.append(std::make_unique<Playlist>(2, "Плейлист", 0, 0, 165, 0, 2));
+    Data::playlistList.append(std::make_unique<Playlist>(20, "Утро", 2, 0, 165, 0, 2));
+    Data::trackList.append(std::make_unique<Track>(11, 20, "Марш", 0, 120));
+    Data::trackList.append(std::make_unique<Track>(12, 20, "Вальс", 1, 45));
+    auto playback = std::make_unique<Playback>();
+    playback->setId(3);
+    playback->setPlaylistId(20);
+    playback->setTrackId(11);
+    playback->setPlaybackType(2);
+    playback->setPlaying(true);
+    playback->setDeviceList({1});
+    Data::playbackList.append(std::move(playback));
+    Data::getDeviceById(1)->setPlayback(3);
+}
+
+QJsonObject PlaybackPageTest::lastRequest(const QString& action) const
+{
+    const QVector<QByteArray>& queue = Data::tcpClient.queuedMessages();
+    const QJsonObject last =
+        queue.isEmpty() ? QJsonObject() : QJsonDocument::fromJson(queue.last()).object();
+    return last.value("action").toString() == action ? last : QJsonObject();
+}
+
+VANTORDESK_PAGE_TEST(PlaybackPageTest)
 #include "playback_page_test.moc"

@@ -154,6 +154,12 @@ function updateTransport() {
     $("#pause").prop("disabled", card.length === 0 || isPaused);
 }
 
+var playbackVolume = 50; // of the active playback, which may be told before the bar is there
+
+function showVolume() {
+    $("#transport #volume_value").val(playbackVolume).each(paintSlider);
+}
+
 function sendVolume() {
     wrapper_Playback_SetVolume(activePlayback(), Number($("#volume_value").val()), "playback");
 }
@@ -191,7 +197,8 @@ function buildTransport() {
     $("#transport").on("click", ".btn", function () {
         actions[this.id](activePlayback());
     });
-    $("#volume_value").on("mouseup", sendVolume).on("input", paintSlider).each(paintSlider);
+    $("#volume_value").on("mouseup", sendVolume).on("input", paintSlider);
+    showVolume();
     $("#new").on("click", openNewPlayback);
     updateTransport();
 }

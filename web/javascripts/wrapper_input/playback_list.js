@@ -50,7 +50,8 @@ function playlist_selectTrack(id) {
 }
 
 function playback_setVolume(volume) {
-    $("#volume_value").val(volume).each(paintSlider);
+    playbackVolume = volume;
+    showVolume();
 }
 
 // The cards.
