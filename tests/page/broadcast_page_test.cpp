@@ -130,8 +130,6 @@ void BroadcastPageTest::dialogFollowsTheStream()
     Page::call("modalAudioTranslationStoped");
     QVERIFY(is(startIsOff));
     QVERIFY(text("$('#translation_text').text()").contains(QStringLiteral("\"Старт\"")));
-    // A start that follows at once has its own half second.
-    QVERIFY(QTest::qWaitFor([&] { return time.hasExpired(700); }));
     time.restart();
     Page::call("modalAudioTranslationStarted");
     QVERIFY(console().waitFor("$('#translation_button_stop').is(':enabled')"));
@@ -231,7 +229,7 @@ void BroadcastPageTest::hostileNamesAreText()
     QCOMPARE(text("$('#device_name_1').text()"), hostileText);
     QCOMPARE(text("$('#zone_name_5').text()"), hostileText);
     Page::call("wrapperInput_playback_setTrackName", 71, hostileText + "2");
-    QVERIFY(text("$('.select2-selection__rendered').text()").contains("<img"));
+    QVERIFY(text("$('.select2-selection__rendered').text()").endsWith("</script>2"));
     run("$('#gongs').select2('open')");
     console().picture("hostile-gong");
     QVERIFY(isHarmless());

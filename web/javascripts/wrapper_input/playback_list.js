@@ -141,6 +141,7 @@ function wrapperInput_playback_addItem(id, parentId, title, type, duration) {
     }
 }
 
+// A folder's tracks go one by one; the table has no rows of folders.
 function wrapperInput_playback_deletePlaylist(id) {}
 
 function wrapperInput_playback_setPlaylistName(id, title) {

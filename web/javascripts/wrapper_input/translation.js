@@ -16,8 +16,7 @@ function refreshGongs() {
 }
 
 function wrapperInput_playback_setTrackName(id, title) {
-    gongOption(id).text(title);
-    refreshGongs();
+    renameOption(gongOption(id), title);
 }
 
 function wrapperInput_playback_deleteTrack(id) {

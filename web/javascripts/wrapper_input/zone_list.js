@@ -1,4 +1,4 @@
-// The zones in the side menu of the home page, and the filter of the tiles by them.
+// The zones in the side menu, and the filter of the cards by them.
 
 function menu_ZoneAdd(id, name) {
     $("#zone_menu").append(
@@ -81,4 +81,9 @@ function menu_ZoneExpand(id, event) {
     event.stopPropagation();
     $("#zone_expand_" + id).toggleClass("fa-plus-square-o fa-minus-square-o");
     $("#sub_zone_" + id).toggle();
+}
+
+function openZoneMenu() {
+    menu_ZoneAdd(0, "Все зоны");
+    wrapperLoadZoneList();
 }

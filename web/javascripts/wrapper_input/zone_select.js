@@ -37,8 +37,7 @@ function wrapperInput_zone_add(id, parentId, name, parentName) {
 }
 
 function wrapperInput_zone_setName(id, name, parentName) {
-    zoneOption(id).text(zoneOptionText(name, parentName));
-    refreshZoneSelect();
+    renameOption(zoneOption(id), zoneOptionText(name, parentName));
 }
 
 function wrapperInput_zone_delete(id) {
