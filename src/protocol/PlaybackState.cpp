@@ -32,8 +32,8 @@ Playback& append(int id)
 QVector<int> readActiveDevices(const QJsonObject& message)
 {
     QVector<int> result;
-    for (const QJsonValue& element :
-         Fields::array(message, "activeDevices").value_or(QJsonArray())) {
+    const QJsonArray elements = Fields::array(message, "activeDevices").value_or(QJsonArray());
+    for (const QJsonValue& element : elements) {
         if (const auto id = Fields::integer(element)) {
             result.append(*id);
         } else {
