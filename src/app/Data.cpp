@@ -7,6 +7,7 @@
 #include "model/ModelList.h"
 #include "model/Playback.h"
 #include "model/Playlist.h"
+#include "model/PlaylistWords.h"
 #include "model/Preset.h"
 #include "model/Role.h"
 #include "model/ServerSettings.h"
@@ -151,6 +152,41 @@ Track* Data::getFirstTrackInPlaylist(int playlistId)
 QString Data::getPlaybackClass(int playbackId)
 {
     return QStringLiteral("playback_%1").arg(playbackId);
+}
+
+int Data::getPlaybackType(int playlistId)
+{
+    int id = playlistId;
+    // A way up that is longer than the list goes in a circle.
+    for (int step = 0; step <= playlistList.size(); ++step) {
+        if (id >= Playlist::firstRoot && id <= Playlist::lastRoot) {
+            return id;
+        }
+        const Playlist* const playlist = id > 0 ? getPlaylistById(id) : nullptr;
+        if (!playlist) {
+            break;
+        }
+        id = playlist->getParent();
+    }
+    return 0;
+}
+
+QString Data::getPlaylistName(int index)
+{
+    constexpr int firstDeepParent = 9; // what hangs below it is shown without the steps above
+    if (index < 0 || index >= playlistList.size()) {
+        return {};
+    }
+    const Playlist& playlist = *playlistList.at(index);
+    if (playlist.getId() <= Playlist::lastRoot) {
+        return playlist.getTitle();
+    }
+    const QString separator = QStringLiteral(" / ");
+    const Playlist* const parent = getPlaylistById(playlist.getParent());
+    const QString path =
+        (parent ? parent->getTitle() : PlaylistWords::categoryTitle(playlist.getGroup())) +
+        separator + playlist.getTitle();
+    return playlist.getParent() < firstDeepParent ? path : QStringLiteral("..") + separator + path;
 }
 
 int Data::getPlaylistNewPositionId(int parentId)

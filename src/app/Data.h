@@ -102,6 +102,12 @@ public:
     static Track* getFirstTrackInPlaylist(int playlistId);
     /// The class by which the pages mark what carries a playback.
     static QString getPlaybackClass(int playbackId);
+    /// The category, 1 to 7, below which a playlist hangs; 0 for one that hangs below none, or
+    /// that isn't known.
+    static int getPlaybackType(int playlistId);
+    /// The path of the playlist at an index of `playlistList`, cut to its last two steps; empty
+    /// for an index that the list doesn't have.
+    static QString getPlaylistName(int index);
 
     /// The position for a new entry: one behind the last sibling in list order, 0 without any.
     static int getPlaylistNewPositionId(int parentId);

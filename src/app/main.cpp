@@ -4,6 +4,7 @@
 #include "app/Wiring.h"
 #include "log/LogSettings.h"
 #include "log/Logger.h"
+#include "media/PlaybackUpdater.h"
 #include "model/ServerList.h"
 #include "model/ZoneType.h"
 #include "network/TcpClient.h"
@@ -76,6 +77,7 @@ int main(int argc, char* argv[])
     logStart();
     readConfiguration();
 
+    const PlaybackUpdater playbackUpdater;
     ServerList serverList(Configuration::serverFile());
     Data::serverList = &serverList;
     loadServerList();

@@ -82,6 +82,20 @@ public:
         }
     }
 
+    /// Destroys all objects for which `matches` is true, in one walk.
+    template <class Predicate> void removeIf(Predicate matches)
+    {
+        items.erase(std::remove_if(items.begin(), items.end(),
+                                   [&](const auto& item) { return matches(*item); }),
+                    items.end());
+        byId.clear();
+        for (const auto& item : items) {
+            if (!byId.contains(item->getId())) {
+                byId.insert(item->getId(), item.get());
+            }
+        }
+    }
+
     void clear()
     {
         byId.clear();

@@ -97,6 +97,32 @@ public Q_SLOTS:
     void zone_includeDevice(int zoneId, int deviceId);
     void zone_excludeDevice(int zoneId, int deviceId);
 
+    // Playbacks and the library: Playback.cpp
+    void playback_loadList();
+    /// The tracks of a playback's folder, and the mean volume of its units.
+    void playback_loadPlayback(int id);
+    /// A folder, with the way up in front.
+    void playback_loadPlaybackWithPlaylist(int id);
+    /// All tracks of a category, from all its folders.
+    void playback_loadPlaybackType(int type);
+    void playback_loadZoneList();
+    /// `devices` are ids with commas between. `strategy` for units in use: "none", "overlap",
+    /// "partial"; `replayType` "list" or "track"; `replyCount` counts all passes, the first too;
+    /// `action` after the last: "pause" or "stop".
+    void playback_play(int playlistId, int trackId, const QString& devices, const QString& strategy,
+                       const QString& replayType, int replyCount, const QString& action);
+    void playback_stop(int id);
+    /// `value` true pauses, false goes on.
+    void playback_pause(int id, bool value);
+    /// Behind the last track of the folder the server decides.
+    void playback_next(int id);
+    /// Before the first track of the folder the current one starts again.
+    void playback_prev(int id);
+    void playback_nextById(int id, int trackId);
+    /// 0 to 100; `target` is "playback", or "redirection" for the microphone, whose volume is
+    /// remembered. An id of -1 does nothing.
+    void playback_setVolume(int id, int volume, const QString& target);
+
     // Rights: admin/Role.cpp
     /// Replays the operator's rights into the bars of the device list, and the alarm icon.
     void load_permissions();

@@ -47,7 +47,6 @@ const QMap<QString, QString> slotsWithoutPage = {
 /// Beginnings of slots and functions whose pages are still to come: the side that exists is tested
 /// by itself. A page takes its row away.
 const QVector<QPair<const char*, const char*>> pagesToCome = {
-    {"deviceList_listSelectLoad", "playback page"},
     {"deviceInfo_includeToZone", "device administration"},
     {"deviceInfo_excludeFromZone", "device administration"},
     {"deviceInfo_cleanMessageList", "unit memory"},

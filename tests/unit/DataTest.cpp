@@ -128,6 +128,8 @@ void DataTest::lookupsGiveTheFirstMatchOrNull()
 void DataTest::newPositionIsBehindTheLastSibling()
 {
     const SessionFixture session;
+    appendPlaylist(1, 0, 0);
+    appendPlaylist(2, 0, 0);
     QCOMPARE(Data::getPlaylistNewPositionId(1), 0);
     appendPlaylist(10, 1, 9);
     appendPlaylist(11, 1, 2);

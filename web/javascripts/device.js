@@ -38,7 +38,51 @@ function paintSlider() {
         "linear-gradient(to right, var(--accent) " + share + "%, var(--line-strong) " + share + "%)";
 }
 
-// How many units the volume of the bottom bar goes to.
+// The ids of the units that are ticked.
+function selectedDevices() {
+    return $(".tile_select.fa-check-square-o")
+        .toArray()
+        .map(function (button) {
+            return Number(button.id.substr("device_button_".length));
+        });
+}
+
+function setTicks(buttons, isTicked) {
+    setOneClass(buttons, ["fa-square-o", "fa-check-square-o"], isTicked ? "fa-check-square-o" : "fa-square-o");
+    showSelection();
+}
+
+function zone_selectAll() {
+    setTicks(".tile_select:not(.disabled)", true);
+}
+
+// Ticks those that the filter shows.
+function zone_selectCurrent() {
+    setTicks($(shownCards).find(".tile_select:not(.disabled)"), true);
+}
+
+function zone_deselectAll() {
+    setTicks(".tile_select", false);
+}
+
+// The three buttons that tick many units at once.
+function selectionButtons() {
+    var box = $("<div class='selection_buttons'>").append($("<span class='quiet'>").text("Выбрать устройства:"));
+    [
+        ["Все", "zone_select_all", zone_selectAll],
+        ["В зоне", "zone_select_current", zone_selectCurrent],
+        ["Сброс", "zone_deselect_all", zone_deselectAll],
+    ].forEach(function (button) {
+        $("<button type='button' class='btn btn-default'>")
+            .attr("id", button[1])
+            .text(button[0])
+            .on("click", button[2])
+            .appendTo(box);
+    });
+    return box;
+}
+
+// How many units the bottom bar acts on.
 function showSelection() {
     var count = $(".tile_select.fa-check-square-o").length;
     $("#selected_devices").text(count ? "Выбрано устройств: " + count : "Устройства не выбраны");
@@ -46,21 +90,39 @@ function showSelection() {
 }
 
 function setVolumeOfSelected(volume) {
-    $(".kelpa_item").each(function () {
-        var id = Number(this.id.substr("device_border_".length));
-        if ($("#device_button_" + id).hasClass("fa-check-square-o")) {
-            wrapperSetDeviceVolume(id, volume);
-        }
+    selectedDevices().forEach(function (id) {
+        wrapperSetDeviceVolume(id, volume);
     });
 }
 
-var activeZone = 0; // the zone whose tiles the home page shows; 0 is all
+// The cards on show, as a selector; null where nothing can be shown yet.
+var shownCards = ".zone_device";
+var emptyCardsText = "Нет устройств";
 
-// The home page says so when there is nothing to show. Asked for at each tile that comes, so it looks
-// for the first one only, and never for a computed style.
+// Says so where there is no card to show. Asked for at each card that comes, so it looks for the
+// first one only, and never for a computed style.
 function showEmptyList() {
-    var tiles = activeZone === 0 ? ".zone_device" : ".zone_device_" + activeZone;
-    $("#no_devices")
-        .text(activeZone === 0 ? "Нет устройств" : "В этой зоне нет устройств")
-        .toggleClass("hidden", document.querySelector(tiles) !== null);
+    var isEmpty = shownCards === null || document.querySelector(shownCards) === null;
+    $("#no_devices").text(emptyCardsText).toggleClass("hidden", !isEmpty);
+}
+
+// Filters the cards by one style rule in place of a change at each of a thousand.
+function showOnlyCards(selector, emptyText) {
+    shownCards = selector;
+    emptyCardsText = emptyText;
+    $("#card_filter").remove();
+    if (selector !== ".zone_device") {
+        $("<style id='card_filter'>")
+            .text(".zone_device { display: none; } " + (selector ? selector + " { display: block; }" : ""))
+            .appendTo("head");
+    }
+    showEmptyList();
+}
+
+// The cards that `kind` selects, of all zones (0) or of one.
+function showCardsOfZone(kind, zoneId) {
+    showOnlyCards(
+        zoneId === 0 ? kind : kind + ".zone_device_" + zoneId,
+        zoneId === 0 ? "Нет устройств" : "В этой зоне нет устройств"
+    );
 }

@@ -1,4 +1,4 @@
-// Dialogs that are a title, a text and one or two buttons.
+// Dialogs that are a title, a text and up to three buttons.
 
 function dialogButton(button, kind) {
     return $("<button type='button' class='btn'>")
@@ -22,6 +22,7 @@ function dialogButton(button, kind) {
 //   accept    {text: "Ок", kind: "primary", action: function}, all of it optional
 //   cancel    the second button, if there is one: {text: "Отмена", action: function}
 //   opened    called whenever the dialog opens
+//   other     the third, between the two: {text: ..., action: function}
 function notice(name, options) {
     var region = loadingRegion || "body";
     var body = $("<div class='modal-body'>");
@@ -35,6 +36,9 @@ function notice(name, options) {
     var footer = $("<div class='modal-footer'>");
     if (options.cancel) {
         footer.append(dialogButton($.extend({text: "Отмена"}, options.cancel), "cancel"));
+    }
+    if (options.other) {
+        footer.append(dialogButton(options.other, "other"));
     }
     footer.append(dialogButton(accept, options.cancel ? "accept" : "accept cancel"));
     var dialog = $("<div class='modal fade' tabindex='-1' data-backdrop='static' data-keyboard='false'>")

@@ -4,9 +4,19 @@ var regionLoads = {}; // per region, the number of the load that counts
 var regionNotices = {}; // per region, the functions of the notices that its fragment declared
 var loadingRegion = null; // the region whose fragment is being put in
 
+// Ends a dialog at once, also in the middle of its fading in or out, which would outlive it.
+function endDialog() {
+    var dialog = $(this).removeClass("fade").data("bs.modal");
+    if (dialog && dialog.isShown) {
+        dialog.hide();
+    } else if (dialog && dialog.$backdrop) {
+        dialog.hideModal();
+    }
+}
+
 // Puts a fragment in. The one that goes hears "leave" at its region, to end what it has under way.
 function openRegionFragment(region, text) {
-    $(region).find(".modal.in").removeClass("fade").modal("hide");
+    $(region).find(".modal").each(endDialog);
     (regionNotices[region] || []).forEach(function (name) {
         delete window[name];
     });
@@ -79,23 +89,31 @@ function changeMenu(id) {
     }, 500);
 }
 
+// Leaves a section that the operator may no longer use. The screen lock stays as it is.
+function leaveForHomePage() {
+    loadModal("device_list");
+    loadHomePage();
+    $(".modal").not("#blockModal, #blockModalWrongPassword").modal("hide");
+    modalAdminRolePermissionLost();
+}
+
 function barButton(id, kind, icon, text, action) {
     return $("<button type='button' class='btn'>")
         .attr("id", id)
         .addClass(kind)
         .append($("<i class='fa'>").addClass(icon), document.createTextNode(" " + text))
-        .on("click", action);
+        .on("click", function () {
+            action();
+        });
 }
 
-// The bottom bar of an area that "Назад" leaves for the home page, with "Сохранить" where there is
-// something to save.
-function buildBackBar(save) {
+// Puts "Назад" into the bottom bar, which leads to the home page or where `back` says, and
+// "Сохранить" where there is something to `save`.
+function buildBackBar(save, back) {
     if (save) {
-        barButton("save", "btn-primary push_right", "fa-check", "Сохранить", function () {
-            save();
-        }).prependTo("#bot_menu");
+        barButton("save", "btn-primary push_right", "fa-check", "Сохранить", save).prependTo("#bot_menu");
     }
-    barButton("back", "btn-default", "fa-chevron-left", "Назад", loadHomePage).prependTo("#bot_menu");
+    barButton("back", "btn-default", "fa-chevron-left", "Назад", back || loadHomePage).prependTo("#bot_menu");
 }
 
 // Waits until native code has published its object.
@@ -109,8 +127,11 @@ function whenWrapperIsThere(action) {
     }
 }
 
-// A dialog on top of others darkens them too.
+// A dialog that is shown again while it still fades away starts anew, or the end of its fading would
+// hide it. A dialog on top of others darkens them too.
 $(document).on("show.bs.modal", ".modal", function () {
+    var dialog = $(this).off("bsTransitionEnd").data("bs.modal");
+    dialog.removeBackdrop();
     var below = $(".modal.in").not(this).length;
     $(this).css("z-index", 1050 + 20 * below);
     setTimeout(function () {

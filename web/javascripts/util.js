@@ -39,3 +39,15 @@ function checkNumberSize(object) {
     var digits = object.value.replace(/\D/g, "");
     object.value = digits !== "" && Number(digits) > 255 ? "255" : digits;
 }
+
+// Gives an option of a dressed select box another text. The box keeps what it knows of an option, so
+// a new one takes the old one's place.
+function renameOption(option, text) {
+    if (option.length) {
+        var renamed = $("<option>").val(option.val()).text(text);
+        var select = option.parent();
+        var chosen = select.val();
+        option.replaceWith(renamed);
+        select.val(chosen).trigger("change.select2");
+    }
+}

@@ -1,4 +1,4 @@
-// The zones in the side menu of the home page, and the filter of the tiles by them.
+// The zones in the side menu, and the filter of the cards by them.
 
 function menu_ZoneAdd(id, name) {
     $("#zone_menu").append(
@@ -8,7 +8,7 @@ function menu_ZoneAdd(id, name) {
             .on("click", menu_ZoneSelectAll),
         $("<div>").attr("id", "sub_zone_" + id)
     );
-    filterTilesByZone(0);
+    showCardsOfZone(".zone_device", 0);
 }
 
 function wrapperInput_zone_add(id, parentId, name, parentName, type) {
@@ -59,18 +59,6 @@ function wrapperInput_zone_delete(id) {
     }
 }
 
-// One style rule in place of a change at each of a thousand tiles.
-function filterTilesByZone(id) {
-    activeZone = id;
-    $("#zone_filter").remove();
-    if (id !== 0) {
-        $("<style id='zone_filter'>")
-            .text(".zone_device { display: none; } .zone_device_" + id + " { display: block; }")
-            .appendTo("head");
-    }
-    showEmptyList();
-}
-
 function menu_ZoneSelect(id) {
     var zone = $("#zone_" + id);
     $(".zone").removeClass("zone_active zone_hard_active zone_logic_active");
@@ -79,7 +67,7 @@ function menu_ZoneSelect(id) {
     } else {
         zone.addClass(zone.hasClass("zone_hard") ? "zone_hard_active" : "zone_logic_active");
     }
-    filterTilesByZone(id);
+    showCardsOfZone(".zone_device", id);
 }
 
 function menu_ZoneSelectAll() {
@@ -93,4 +81,9 @@ function menu_ZoneExpand(id, event) {
     event.stopPropagation();
     $("#zone_expand_" + id).toggleClass("fa-plus-square-o fa-minus-square-o");
     $("#sub_zone_" + id).toggle();
+}
+
+function openZoneMenu() {
+    menu_ZoneAdd(0, "Все зоны");
+    wrapperLoadZoneList();
 }

@@ -10,6 +10,11 @@ function wrapperLoadKelpaList() {
     wrapper.deviceList_listLoad();
 }
 
+function wrapperLoadSelectKelpaList() {
+    console.log("wrapperLoadSelectKelpaList");
+    wrapper.deviceList_listSelectLoad();
+}
+
 function wrapperSetDeviceVolume(device, volume) {
     console.log("wrapperSetDeviceVolume " + device + " " + volume);
     wrapper.deviceList_setDeviceVolume(device, volume);

@@ -1,14 +1,10 @@
 // What each management right of the operator's role shows of the administration.
 
-// Leaves the section on show if its entry has just gone. The screen lock stays as it is.
+// Leaves the section on show if its entry has just gone.
 function leaveLostSection() {
-    if (!$(".admin_menu_active").hasClass("hidden")) {
-        return;
+    if ($(".admin_menu_active").hasClass("hidden")) {
+        leaveForHomePage();
     }
-    loadModal("device_list");
-    loadHomePage();
-    $(".modal").not("#blockModal, #blockModalWrongPassword").modal("hide");
-    modalAdminRolePermissionLost();
 }
 
 function showAdminEntries(ids, value) {

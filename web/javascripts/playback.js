@@ -1,0 +1,287 @@
+// What the pages of playback share: rows of a folder, the settings of a start, its dialogs.
+
+var currentPlaylist = 0; // the folder whose rows the page shows
+var currentTrack = 0; // the track picked for a start
+
+var radioCategory = 1;
+var alarmCategory = 6;
+var gongCategory = 7;
+
+// A whole number of seconds in words.
+function durationText(seconds) {
+    return seconds > 60 ? Math.floor(seconds / 60) + " мин. " + (seconds % 60) + " сек." : seconds + " сек.";
+}
+
+// A position in a track, "3:07".
+function positionText(seconds) {
+    var whole = Math.max(0, Math.floor(seconds));
+    return Math.floor(whole / 60) + ":" + ("0" + (whole % 60)).slice(-2);
+}
+
+// Live streams have no length to show.
+function rowDurationText(duration, isRadio) {
+    return isRadio || duration < 0 ? "" : durationText(duration);
+}
+
+function itemSelector(id, isFolder) {
+    return "#playlistTable " + (isFolder ? "#playlist_" : "#track_") + id;
+}
+
+// A row of the table of a folder: a folder (type 1) or a track (type 0). Folders stay above tracks.
+function addItemRow(id, title, type, durationShown) {
+    var isFolder = type === 1;
+    if ($(itemSelector(id, isFolder)).length) {
+        return;
+    }
+    var isUp = isFolder && title === "..";
+    var icon = isUp ? "fa-level-up" : isFolder ? "fa-folder-o" : "fa-music";
+    var row = $("<tr>")
+        .attr({id: (isFolder ? "playlist_" : "track_") + id, title: isUp ? "На уровень выше" : title})
+        .addClass(isFolder ? "folder" : "track")
+        .toggleClass("folder_up", isUp)
+        .data("id", id)
+        .append(
+            $("<td class='column_icon'>").append($("<i class='fa'>").addClass(icon)),
+            $("<td class='item_title ellipsis'>").text(title),
+            $("<td class='item_duration digits'>").text(isUp ? "" : durationShown)
+        );
+    var lastFolder = $("#playlistTable .folder").last();
+    if (isFolder && lastFolder.length) {
+        row.insertAfter(lastFolder);
+    } else if (isFolder) {
+        row.prependTo("#playlistTable tbody");
+    } else {
+        row.appendTo("#playlistTable tbody");
+    }
+}
+
+function markRow(id, mark) {
+    $("#playlistTable ." + mark).removeClass(mark);
+    $(itemSelector(id, false)).addClass(mark);
+}
+
+// The table of a folder's items, which says so when it has none.
+function itemTable(emptyText) {
+    return $("<table id='playlistTable' class='rows_table item_table'>").append(
+        $("<thead>").append(
+            $("<tr>").append(
+                $("<th class='column_icon'>"),
+                $("<th>").text("Название"),
+                $("<th class='item_duration'>").text("Длительность")
+            )
+        ),
+        $("<tbody id='tracks_tbody'>"),
+        $("<tfoot class='empty_rows'>").append($("<tr>").append($("<td colspan='3'>").text(emptyText)))
+    );
+}
+
+// A panel with its title, and what else stands in the title's line.
+function titledPanel(title, content, beside) {
+    return $("<div class='panel_box'>").append(
+        $("<div class='panel_title'>").append($("<span>").text(title), beside || []),
+        content
+    );
+}
+
+// The panel of the cards of units, with `beside` in its title.
+function devicePanel(beside) {
+    return titledPanel(
+        "Устройства",
+        $("<div class='panel_scroll'>").append("<div id='main_kelpa_list'>", "<div id='no_devices' class='empty_list'>"),
+        beside
+    ).addClass("device_panel");
+}
+
+function choice(name, options, chosen) {
+    var box = $("<div class='choice'>");
+    options.forEach(function (option) {
+        box.append(
+            $("<input type='radio'>").attr({name: name, id: option.id}).prop("checked", option.id === chosen),
+            $("<label>").attr("for", option.id).text(option.text)
+        );
+    });
+    return box;
+}
+
+// What is repeated, how often, and what happens then. `replayed` and `action` name the fields that
+// are on at first.
+function replaySettings(replayed, action) {
+    var count = $("<input type='text' class='form-control digits' id='playback_repeat_count' value='1' maxlength='9'>")
+        .on("keydown", function (event) {
+            return checkNumber(this, event);
+        })
+        .on("keyup input", function () {
+            checkNumberSize(this);
+        });
+    var rows = [
+        ["Повторять", choice("replay_type", [{id: "type_playlist", text: "Папка"}, {id: "type_track", text: "Фрагмент"}], replayed)],
+        ["Количество повторов", count],
+        ["Действие по окончанию", choice("replay_action", [{id: "action_pause", text: "Пауза"}, {id: "action_stop", text: "Остановка"}], action)],
+    ];
+    return titledPanel(
+        "Настройки повторения",
+        rows.map(function (row) {
+            return $("<div class='panel_row replay_row'>").append($("<span class='panel_label'>").text(row[0]), row[1]);
+        })
+    );
+}
+
+// Starts what is picked, on the ticked units, with the settings of the page.
+function startPlayback(strategy) {
+    wrapperPlayPlaylistAndTrack(
+        currentPlaylist,
+        currentTrack,
+        selectedDevices().join(),
+        strategy,
+        $("#type_track").prop("checked") ? "track" : "list",
+        Math.max(1, Number($("#playback_repeat_count").val())),
+        $("#action_stop").prop("checked") ? "stop" : "pause"
+    );
+}
+
+// The id of the playback that is active in the side menu, -1 if there is none.
+function activePlayback() {
+    var card = $("#playbackList .playback_active");
+    return card.length ? card.data("id") : -1;
+}
+
+// A transport button that can't act looks so.
+function updateTransport() {
+    var card = $("#playbackList .playback_active");
+    var isPaused = card.hasClass("paused");
+    $("#transport .btn, #transport input").prop("disabled", card.length === 0);
+    $("#play").prop("disabled", card.length === 0 || !isPaused);
+    $("#pause").prop("disabled", card.length === 0 || isPaused);
+}
+
+var playbackVolume = 50; // of the active playback, which may be told before the bar is there
+
+function showVolume() {
+    $("#transport #volume_value").val(playbackVolume).each(paintSlider);
+}
+
+function sendVolume() {
+    wrapper_Playback_SetVolume(activePlayback(), Number($("#volume_value").val()), "playback");
+}
+
+function openNewPlayback() {
+    loadSideMenu("playback_new");
+    loadMainBody("playback_new");
+    loadBotMenu("playback_new");
+    loadModal("playback_new");
+}
+
+function leaveNewPlayback() {
+    loadSideMenu("playback");
+    loadMainBody("playback_list");
+    loadBotMenu("playback_list");
+    loadModal("playback");
+}
+
+function buildTransport() {
+    var actions = {
+        backward: wrapperPlayPrev,
+        forward: wrapperPlayNext,
+        stop: wrapperStopPlay,
+        play: function (id) {
+            wrapperStartPlay(id, false);
+        },
+        pause: function (id) {
+            wrapperPausePlay(id, true);
+        },
+        mute: function () {
+            $("#volume_value").val(0).each(paintSlider);
+            sendVolume();
+        },
+    };
+    $("#transport").on("click", ".btn", function () {
+        actions[this.id](activePlayback());
+    });
+    $("#volume_value").on("mouseup", sendVolume).on("input", paintSlider);
+    showVolume();
+    $("#new").on("click", openNewPlayback);
+    updateTransport();
+}
+
+// The button "Начать".
+function createPlayback() {
+    if (currentPlaylist === 0 || currentTrack === 0) {
+        modalSelectingAudioSourceShow();
+    } else if (selectedDevices().length === 0) {
+        modalSelectingKelpasShow();
+    } else {
+        startPlayback("none");
+    }
+}
+
+function modalOverlapAccept() {
+    startPlayback("overlap");
+}
+
+function modalOverlapPartial() {
+    startPlayback("partial");
+}
+
+function buildCreateBar(back) {
+    buildBackBar(null, back);
+    $("#bot_menu").append(
+        $("<span class='quiet ellipsis bar_text' id='selected_devices'>"),
+        $("<button type='button' class='btn btn-primary push_right' id='create'>")
+            .append($("<i class='fa fa-play'>"), document.createTextNode(" Начать"))
+            .on("click", createPlayback)
+    );
+    showSelection();
+}
+
+// What the server may refuse a start with.
+function declareStartRefusals() {
+    notice("modalLowPriorityShow", {
+        id: "modalLowPriority",
+        title: "Ошибка",
+        text: "Невозмоно заменить поток с более высоким приоритетом",
+    });
+    notice("modalNoDevicesShow", {
+        id: "modalNoDevices",
+        title: "Ошибка",
+        text: "Отсутствуют устройства на которые можно запустить воспроизведение",
+    });
+    notice("modalRequiredUpdateShow", {
+        id: "modalRequiredUpdate",
+        title: "Ошибка",
+        text: "Требуется обновить версию ПО на устройствах",
+    });
+    notice("modalBusyPortsShow", {
+        id: "modalBusyPorts",
+        title: "Ошибка",
+        text: "Недостаточно свободных аудио портов для запуска воспроизведения",
+        accept: {text: "Отменить"},
+    });
+    notice("modalPlayError", {
+        title: "Ошибка",
+        text: "Произошла ошибка при воспроизведении трека на сервере. Проверьте логи сервера.",
+    });
+}
+
+// What the page refuses by itself.
+function declareMissingChoice(sourceText) {
+    notice("modalSelectingAudioSourceShow", {id: "modalSelectingAudioSource", title: "Ошибка", text: sourceText});
+    notice("modalSelectingKelpasShow", {
+        id: "modalSelectingKelpas",
+        title: "Ошибка",
+        text: "Для продолжения выберите один или несколько устройств на которые будет транслироваться аудио поток.",
+    });
+}
+
+// The dialogs of a page that starts what the operator picks.
+function declareSourceDialogs() {
+    declareStartRefusals();
+    declareMissingChoice("Для продолжения выберите источник аудио сигнала для трансляции.");
+    notice("modalOverlapShow", {
+        id: "modalOverlap",
+        title: "Ошибка",
+        text: "На устройстве/устройствах идет воспроизведение, но его возможно заменить",
+        cancel: {text: "Отменить"},
+        other: {text: "На свободные", action: modalOverlapPartial},
+        accept: {text: "Заменить", action: modalOverlapAccept},
+    });
+}
