@@ -31,7 +31,7 @@ need_number() { [[ ${2:-} =~ ^[0-9]+$ ]] || die "$1 wants a number; see --help";
 usage() { awk 'NR > 1 { if (!sub(/^# ?/, "")) exit; print }' "$SCRIPT"; }
 
 readonly BUILD_PACKAGES=(build-essential cmake ninja-build ccache qtbase5-dev libqt5webkit5-dev
-    qtmultimedia5-dev libqt5multimedia5-plugins libvlc-dev vlc-plugin-base openssl
+    qtmultimedia5-dev libqt5multimedia5-plugins libvlc-dev vlc-plugin-base pkgconf openssl
     fonts-noto-core ca-certificates)
 readonly TEST_PACKAGES=(git pulseaudio pulseaudio-utils ffmpeg iproute2 clang-format clang-tidy shellcheck)
 readonly VIRTUAL_DISPLAY_PACKAGES=(xvfb xauth imagemagick)

@@ -1,6 +1,7 @@
 #include "app/Wiring.h"
 
 #include "app/Data.h"
+#include "media/AudioManager.h"
 #include "network/TcpClient.h"
 #include "page/ScriptCall.h"
 #include "protocol/SessionHooks.h"
@@ -14,6 +15,9 @@ void joinView()
     WebView* const view = Data::webView;
     Page::setSink([view](const QString& script) { view->runJavascript(script); });
     Data::tcpClient.setSessionEndHook([view] {
+        if (Data::audioManager) {
+            Data::audioManager->release();
+        }
         view->stopTimers();
         view->loadLoginPage();
         Data::clearSession();

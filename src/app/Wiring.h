@@ -9,5 +9,7 @@ namespace Wiring
 void joinNetwork();
 /// What needs the window of `Data::webView`: script calls, login pages, the end of the program.
 void joinView();
+/// The messages about a live broadcast with the microphone of `Data::audioManager`.
+void joinAudio();
 
 } // namespace Wiring

@@ -4,6 +4,7 @@
 #include "app/Wiring.h"
 #include "log/LogSettings.h"
 #include "log/Logger.h"
+#include "media/AudioManager.h"
 #include "media/PlaybackUpdater.h"
 #include "model/ServerList.h"
 #include "model/ZoneType.h"
@@ -84,12 +85,16 @@ int main(int argc, char* argv[])
     Data::zoneTypeList = {ZoneType(0, QStringLiteral("physical"), 0),
                           ZoneType(1, QStringLiteral("logical"), 1)};
     Wiring::joinNetwork();
+    AudioManager audioManager;
+    Data::audioManager = &audioManager;
+    Wiring::joinAudio();
     WebView webView;
     Data::webView = &webView;
     Wiring::joinView();
 
     QApplication::exec();
 
+    audioManager.release();
     Data::tcpClient.close();
     Data::logger.message("Program finished");
     Data::logger.message(QString(82, QLatin1Char('-')));

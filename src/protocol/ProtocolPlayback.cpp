@@ -13,6 +13,7 @@
 #include "protocol/PlaybackList.h"
 #include "protocol/PlaybackState.h"
 #include "protocol/Protocols.h"
+#include "protocol/Redirection.h"
 #include "protocol/Reply.h"
 
 namespace
@@ -36,9 +37,9 @@ constexpr CommandRow commands[] = {
     {"pause", protocolPlaybackCommandPause},
     {"getPlays", protocolPlaybackCommandGetPlays},
     {"stop", protocolPlaybackCommandStop},
-    {"startRedirection"},
-    {"getRedirection"},
-    {"stopRedirection"},
+    {"startRedirection", protocolPlaybackCommandStartRedirection},
+    {"getRedirection", protocolPlaybackCommandGetRedirection},
+    {"stopRedirection", protocolPlaybackCommandStopRedirection},
 };
 
 constexpr Refusal playRefusals[] = {

@@ -12,6 +12,7 @@
 #include "model/Zone.h"
 #include "page/ScriptCall.h"
 #include "protocol/Request.h"
+#include "view/DeviceIds.h"
 #include "view/SlotLog.h"
 
 #include <QJsonArray>
@@ -56,22 +57,6 @@ std::optional<int> meanVolume(const Playback& playback)
         }
     }
     return count > 0 ? std::optional(sum / count) : std::nullopt;
-}
-
-/// The ids of the page's list; what is no number is left out.
-QJsonArray readDevices(const QString& devices)
-{
-    QJsonArray result;
-    for (const QString& part : devices.split(QLatin1Char(','))) {
-        bool isNumber = false;
-        const int id = part.toInt(&isNumber);
-        if (isNumber) {
-            result.append(id);
-        } else {
-            Data::logger.message(QStringLiteral("Dropped unit of a start: ") + part);
-        }
-    }
-    return result;
 }
 
 /// The folder that the server is to play: the gong page names the category instead.
@@ -192,7 +177,7 @@ void WebView::playback_play(int playlistId, int trackId, const QString& devices,
                             const QString& action)
 {
     const SlotLog log("playback_play_devices", QStringLiteral(": ") + devices, LogLevel::Playback);
-    const QJsonArray targets = readDevices(devices);
+    const QJsonArray targets = readDeviceIds(devices);
     if (targets.isEmpty()) {
         // To the server a start without targets means all units.
         Data::logger.message("Ignored start: no units");

@@ -123,6 +123,24 @@ public Q_SLOTS:
     /// remembered. An id of -1 does nothing.
     void playback_setVolume(int id, int volume, const QString& target);
 
+    // Speaking to units: Redirection.cpp
+    /// Asks for a live broadcast of the kind "microphone" or "alarm"; `devices` and `strategy` as
+    /// for `playback_play`. The reply opens the microphone.
+    void playback_startRedirection(const QString& devices, const QString& type,
+                                   const QString& strategy);
+    void playback_stopRedirection();
+
+    // Sound settings: settings/Media.cpp
+    /// Inputs and outputs by name, and the stored ones of them.
+    void settings_media_init();
+    /// Lets the operator hear an input, stored or not.
+    void settings_media_start(QString device);
+    void settings_media_stop();
+    void settings_media_save(const QString& device);
+    void settings_volume_init();
+    /// Both 0 to 100.
+    void settings_volume_save(int microphone, int warning);
+
     // Rights: admin/Role.cpp
     /// Replays the operator's rights into the bars of the device list, and the alarm icon.
     void load_permissions();

@@ -21,9 +21,6 @@ QString slotRecorder()
     for (int index = meta.methodOffset(); index < meta.methodCount(); ++index) {
         names.append(QString::fromLatin1(meta.method(index).name()));
     }
-    // To come with the broadcasts.
-    names << "playback_startRedirection"
-          << "playback_stopRedirection";
     return QStringLiteral("window.slotCalls = []; window.wrapper = {}; '%1'.split(' ')"
                           ".forEach(function (name) { wrapper[name] = function () { "
                           "slotCalls.push(name + '(' + [].slice.call(arguments).join() + ')'); "

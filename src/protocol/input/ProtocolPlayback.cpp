@@ -9,6 +9,7 @@
 #include "protocol/FieldSetter.h"
 #include "protocol/PlaybackLibrary.h"
 #include "protocol/PlaybackState.h"
+#include "protocol/Redirection.h"
 #include "protocol/Request.h"
 
 namespace
@@ -103,4 +104,13 @@ void inputProtocolPlaybackCommandRemove(const QJsonObject& message)
 void inputProtocolPlaybackCommandStartRedirection(const QJsonObject&)
 {
     send(PlaybackCommand::GetRedirection);
+}
+
+void inputProtocolPlaybackCommandStopRedirection(const QJsonObject&)
+{
+    if (redirectionHooks().endedElsewhere && redirectionHooks().endedElsewhere()) {
+        Page::call("modalAudioTranslationHide");
+        Page::call("modalAudioTranslationEndedByAnotherUser");
+    }
+    unmarkRedirection();
 }

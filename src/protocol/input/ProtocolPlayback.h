@@ -13,3 +13,4 @@ void inputProtocolPlaybackCommandPlayNext(const QJsonObject& message);
 void inputProtocolPlaybackCommandExcludeTrack(const QJsonObject& message);
 void inputProtocolPlaybackCommandRemove(const QJsonObject& message);
 void inputProtocolPlaybackCommandStartRedirection(const QJsonObject& message);
+void inputProtocolPlaybackCommandStopRedirection(const QJsonObject& message);

@@ -55,7 +55,7 @@ constexpr PushRow pushes[] = {
     {"playback", "pause", inputProtocolPlaybackCommandPause},
     {"playback", "playNext", inputProtocolPlaybackCommandPlayNext},
     {"playback", "startRedirection", inputProtocolPlaybackCommandStartRedirection},
-    {"playback", "stopRedirection", nullptr},
+    {"playback", "stopRedirection", inputProtocolPlaybackCommandStopRedirection},
     {"helper", "notify", inputProtocolHelperCommandNotify},
     {"helper", "brokenInternet", inputProtocolHelperCommandBrokenInternet},
     {"helper", "brokenLink", inputProtocolHelperCommandBrokenLink},

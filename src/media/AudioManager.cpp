@@ -1,0 +1,115 @@
+#include "media/AudioManager.h"
+
+#include "app/Data.h"
+#include "log/Logger.h"
+#include "media/CaptureOptions.h"
+#include "media/CapturePlayer.h"
+#include "page/ScriptCall.h"
+#include "protocol/Reply.h"
+#include "protocol/Request.h"
+
+#include <QSettings>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int highestPort = 65535;
+constexpr int fullVolume = 100;
+
+int storedVolume(const QString& key)
+{
+    const int volume = static_cast<int>(Data::settings->value(key, 50.0).toDouble());
+    return std::clamp(volume, 0, fullVolume);
+}
+
+int microphoneVolume()
+{
+    return storedVolume(QStringLiteral("volume/microphone"));
+}
+
+} // namespace
+
+AudioManager::AudioManager() = default;
+AudioManager::~AudioManager() = default;
+
+void AudioManager::start(QJsonObject reply)
+{
+    Data::logger.message("Translation start");
+    setPlayed(false);
+    const int port = reply.value(QLatin1String("port")).toInt();
+    if (port <= 0 || port > highestPort) {
+        Data::logger.message("Translation without a port");
+        streamFailed();
+        return;
+    }
+    const bool isAlarm =
+        request(reply).value(QLatin1String("type")).toString() == QLatin1String("alarm");
+    const QString input = Data::settings->value(QStringLiteral("audio/input")).toString();
+    stream = CapturePlayer::open(Capture::stream(input, Data::ip, port),
+                                 isAlarm ? storedVolume(QStringLiteral("volume/warning"))
+                                         : microphoneVolume());
+    if (!stream) {
+        streamFailed();
+        return;
+    }
+    connect(stream.get(), &CapturePlayer::failed, this, &AudioManager::streamFailed);
+    played = true;
+    Page::call("modalAudioTranslationStarted");
+    Page::call("wrapperInput_playback_setMicrophoneVolume", microphoneVolume());
+}
+
+void AudioManager::stop()
+{
+    setPlayed(false);
+    Data::logger.message("Translation stop");
+    Page::call("modalAudioTranslationStoped");
+}
+
+void AudioManager::startTest(QString& device)
+{
+    Data::logger.message("Sound test start");
+    test.reset();
+    test = CapturePlayer::open(Capture::test(device), fullVolume);
+    if (!test) {
+        testFailed();
+        return;
+    }
+    connect(test.get(), &CapturePlayer::failed, this, &AudioManager::testFailed);
+}
+
+void AudioManager::stopTest()
+{
+    test.reset();
+    Data::logger.message("Sound test stop");
+}
+
+void AudioManager::setPlayed(bool value)
+{
+    played = value;
+    if (!played) {
+        stream.reset();
+    }
+}
+
+void AudioManager::release()
+{
+    setPlayed(false);
+    test.reset();
+}
+
+void AudioManager::streamFailed()
+{
+    Data::logger.message("Translation failed");
+    setPlayed(false);
+    Page::call("modalAudioTranslationStartError");
+    send(PlaybackCommand::StopRedirection);
+}
+
+void AudioManager::testFailed()
+{
+    Data::logger.message("Sound test failed");
+    test.reset();
+    Page::call("settingsAudioError");
+}
