@@ -117,8 +117,10 @@ void LibraryTest::whatIsNotListedGoesWithItsTracks()
 void LibraryTest::alarmEntryFollowsItsRoot()
 {
     SessionFixture session;
-    list(R"({"playlists": [{"id": 6}], "tracks": []})");
-    QVERIFY(session.page.take().contains("wrapperInput_playbackGlobal_editAlarm(1);"));
+    for (const char* const name : {"new", "known"}) {
+        list(R"({"playlists": [{"id": 6}], "tracks": []})");
+        QVERIFY2(session.page.take().contains("wrapperInput_playbackGlobal_editAlarm(1);"), name);
+    }
     list(R"({"playlists": [], "tracks": []})");
     QVERIFY(session.page.take().contains("wrapperInput_playbackGlobal_editAlarm(0);"));
     list(R"({"playlists": [{"id": 6}, {"id": 2}], "tracks": []})");
