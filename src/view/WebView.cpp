@@ -109,7 +109,10 @@ void WebView::runJavascript(const QString& text)
     if (Data::logger.isWritten(LogLevel::Debug)) {
         Data::logger.message(QStringLiteral("Command to Javascript: ") + text, LogLevel::Debug);
     }
-    documentElement.evaluateJavaScript(text);
+    // Most calls are of functions that the page on show doesn't have; asking costs less than an error.
+    const QString function = text.left(text.indexOf(QLatin1Char('(')));
+    documentElement.evaluateJavaScript(QLatin1String("typeof ") + function +
+                                       QLatin1String("==='function'&&") + text);
 }
 
 void WebView::stopTimers()
