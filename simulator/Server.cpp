@@ -35,11 +35,20 @@ const Role* roleOf(const Installation& installation, const Session& session)
 bool mayHear(const Installation& installation, const Session& session, const Push& push)
 {
     const Role* role = roleOf(installation, session);
-    if (!role || &session == push.notTo) {
+    if (session.account().isEmpty() || &session == push.notTo) {
+        return false;
+    }
+    if (!role) {
+        // Who has lost his account or his role learns it when he asks about himself.
+        return push.message.value("request") == "user";
+    }
+    const Access access(installation, *role);
+    const Zone* zone = push.aboutZone ? installation.zone(*push.aboutZone) : nullptr;
+    if (push.aboutZone && !(zone && access.sees(*zone))) {
         return false;
     }
     const Unit* unit = push.aboutUnit ? installation.unit(*push.aboutUnit) : nullptr;
-    return !push.aboutUnit || (unit && Access(installation, *role).sees(*unit));
+    return !push.aboutUnit || (unit && access.sees(*unit));
 }
 
 } // namespace
@@ -96,7 +105,7 @@ void Server::broadcast(const Push& push)
 void Server::tellUnit(int id)
 {
     if (const Unit* unit = state.unit(id)) {
-        broadcast({statePush(state, *unit), nullptr, id});
+        broadcast({statePush(state, *unit), nullptr, id, std::nullopt});
     }
 }
 

@@ -17,12 +17,16 @@ struct Push {
     QJsonObject message;
     const Session* notTo = nullptr; ///< a session that is left out
     std::optional<int> aboutUnit;   ///< only to those who see this unit
+    std::optional<int> aboutZone;   ///< only to those who see this zone
 };
 
 /// A push with nothing but its two names.
 Push makePush(const QString& request, const QString& action, QJsonObject fields = {});
 /// The push that makes the consoles ask for a protocol's state again.
 Push reloadPush(const QString& request);
+/// The push by which a unit enters or leaves a zone: `action` is "includeDevice" or
+/// "excludeDevice". Who does not see the zone does not hear of it; zone 0 is everybody's.
+Push membershipPush(const QString& action, int zone, int unit);
 
 /// What a command handler works with: the state, who asks, and the pushes that follow its reply.
 class Context

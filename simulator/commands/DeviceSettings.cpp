@@ -56,7 +56,8 @@ QJsonObject setVolume(Context& context, const QJsonObject& request)
         return refusal("error");
     }
     unit->volume = volume;
-    context.pushToOthers({statePush(context.installation(), *unit), nullptr, unit->id});
+    context.pushToOthers(
+        {statePush(context.installation(), *unit), nullptr, unit->id, std::nullopt});
     return success();
 }
 

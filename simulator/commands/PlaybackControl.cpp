@@ -103,7 +103,7 @@ QJsonObject setVolume(Context& context, const QJsonObject& request)
     for (int id : context.installation().activeUnits(*playback)) {
         Unit& unit = *context.installation().unit(id);
         unit.volume = volume;
-        context.pushToOthers({statePush(context.installation(), unit), nullptr, id});
+        context.pushToOthers({statePush(context.installation(), unit), nullptr, id, std::nullopt});
     }
     return success();
 }

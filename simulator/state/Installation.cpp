@@ -40,6 +40,32 @@ void Installation::addUnit(const Unit& unit)
     units.append(unit);
 }
 
+bool Installation::removeUnit(int id)
+{
+    const auto place = unitIndex.constFind(id);
+    if (place == unitIndex.constEnd()) {
+        return false;
+    }
+    units.removeAt(*place);
+    unitIndex.clear();
+    for (int index = 0; index < units.size(); ++index) {
+        unitIndex.insert(units.at(index).id, index);
+    }
+    for (Zone& zone : zones) {
+        zone.units.removeAll(id);
+    }
+    for (Playback& playback : playbacks) {
+        playback.units.removeAll(id);
+    }
+    for (Preset& preset : presets) {
+        preset.targets.units.removeAll(id);
+    }
+    for (Task& task : tasks) {
+        task.targets.units.removeAll(id);
+    }
+    return true;
+}
+
 Unit* Installation::unit(int id)
 {
     const auto place = unitIndex.constFind(id);
@@ -50,6 +76,11 @@ const Unit* Installation::unit(int id) const
 {
     const auto place = unitIndex.constFind(id);
     return place == unitIndex.constEnd() ? nullptr : &units.at(*place);
+}
+
+Zone* Installation::zone(int id)
+{
+    return byId(zones, id);
 }
 
 const Zone* Installation::zone(int id) const
@@ -82,9 +113,19 @@ const Preset* Installation::preset(int id) const
     return byId(presets, id);
 }
 
+Role* Installation::role(const QString& name)
+{
+    return byName(roles, name);
+}
+
 const Role* Installation::role(const QString& name) const
 {
     return byName(roles, name);
+}
+
+Account* Installation::account(const QString& name)
+{
+    return byName(accounts, name);
 }
 
 const Account* Installation::account(const QString& name) const
@@ -137,6 +178,17 @@ QString Installation::playbackWord(const Unit& unit) const
         return "none";
     }
     return categoryWords[std::size_t(folder->group) - 1];
+}
+
+QVector<int> Installation::zonesOf(int unit) const
+{
+    QVector<int> holding;
+    for (const Zone& zone : zones) {
+        if (zone.units.contains(unit)) {
+            holding.append(zone.id);
+        }
+    }
+    return holding;
 }
 
 QStringList Installation::accountsOf(const QString& role) const
