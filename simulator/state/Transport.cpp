@@ -59,21 +59,6 @@ QString settle(const Installation& installation, const StartOrder& order, QVecto
     return units.isEmpty() ? "noDevices" : "";
 }
 
-/// Takes the unit from what it plays; the playback that lost its last unit is ended and told.
-void release(Installation& installation, Unit& unit, QVector<int>& ended)
-{
-    Playback* running = installation.playback(unit.playback);
-    unit.playback = 0;
-    if (!running) {
-        return;
-    }
-    running->units.removeAll(unit.id);
-    if (running->units.isEmpty()) {
-        ended.append(running->id);
-        endPlayback(installation, running->id);
-    }
-}
-
 } // namespace
 
 StartResult startPlayback(Installation& installation, const StartOrder& order)
@@ -97,9 +82,10 @@ StartResult startPlayback(Installation& installation, const StartOrder& order)
     result.playback = ++installation.lastPlayback;
     result.track = *track;
     for (int id : result.units) {
-        Unit& unit = *installation.unit(id);
-        release(installation, unit, result.ended);
-        unit.playback = result.playback;
+        if (const auto ended = freeUnit(installation, id)) {
+            result.ended.append(*ended);
+        }
+        installation.unit(id)->playback = result.playback;
     }
     Playback playback;
     playback.id = result.playback;
@@ -123,6 +109,23 @@ bool endPlayback(Installation& installation, int id)
     }
     installation.playbacks.erase(place);
     return true;
+}
+
+std::optional<int> freeUnit(Installation& installation, int unit)
+{
+    Unit* occupied = installation.unit(unit);
+    Playback* running = occupied ? installation.playback(occupied->playback) : nullptr;
+    if (!running) {
+        return std::nullopt;
+    }
+    occupied->playback = 0;
+    running->units.removeAll(unit);
+    if (!running->units.isEmpty()) {
+        return std::nullopt;
+    }
+    const int ended = running->id;
+    endPlayback(installation, ended);
+    return ended;
 }
 
 void playTrack(Playback& playback, int track, int position)

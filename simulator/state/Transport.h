@@ -31,6 +31,9 @@ StartResult startPlayback(Installation& installation, const StartOrder& order);
 /// Ends a playback and frees its units. False for an unknown one.
 bool endPlayback(Installation& installation, int id);
 
+/// Takes a unit from what it plays. Gives the playback that lost its last unit and ended by it.
+std::optional<int> freeUnit(Installation& installation, int unit);
+
 /// Sets the track of a playback and its place in it, in seconds, and lets it run.
 void playTrack(Playback& playback, int track, int position);
 
