@@ -93,8 +93,11 @@ void Life::endTracks()
         }
     }
     for (int id : over) {
+        const QVector<int> units = installation.activeUnits(*installation.playback(id));
         endPlayback(installation, id);
-        server.broadcast(stoppedPush(id));
+        for (const Push& push : endPushes(installation, id, units)) {
+            server.broadcast(push);
+        }
     }
 }
 

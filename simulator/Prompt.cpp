@@ -238,8 +238,8 @@ bool Prompt::remove(const QStringList& arguments)
         return false;
     }
     const int id = unit->id;
-    if (const auto ended = freeUnit(installation, id)) {
-        server.broadcast(stoppedPush(*ended));
+    for (int ended : freeUnit(installation, id)) {
+        server.broadcast(stoppedPush(ended));
     }
     installation.removeUnit(id);
     server.broadcast(membershipPush("excludeDevice", 0, id));

@@ -105,7 +105,7 @@ void Server::broadcast(const Push& push)
 void Server::tellUnit(int id)
 {
     if (const Unit* unit = state.unit(id)) {
-        broadcast({statePush(state, *unit), nullptr, id, std::nullopt});
+        broadcast(unitPush(state, *unit));
     }
 }
 

@@ -46,8 +46,13 @@ QJsonObject stop(Context& context, const QJsonObject& request)
         return refusal("unknownId");
     }
     const int id = playback->id;
+    const QVector<int> units = context.installation().activeUnits(*playback);
     endPlayback(context.installation(), id);
-    context.pushToOthers(stoppedPush(id));
+    for (const Push& push : endPushes(context.installation(), id, units)) {
+        // What goes on behind it is news for the one that asked, too.
+        const bool news = push.message.value("action") == "play";
+        news ? context.push(push) : context.pushToOthers(push);
+    }
     return success();
 }
 
@@ -103,7 +108,7 @@ QJsonObject setVolume(Context& context, const QJsonObject& request)
     for (int id : context.installation().activeUnits(*playback)) {
         Unit& unit = *context.installation().unit(id);
         unit.volume = volume;
-        context.pushToOthers({statePush(context.installation(), unit), nullptr, id, std::nullopt});
+        context.pushToOthers(unitPush(context.installation(), unit));
     }
     return success();
 }

@@ -35,6 +35,19 @@ std::optional<int> trackOf(const Installation& installation, const StartOrder& o
     return track ? std::optional<int>(track->id) : std::nullopt;
 }
 
+/// Those of the units that are connected, each once.
+QVector<int> reachable(const Installation& installation, const QVector<int>& units)
+{
+    QVector<int> connected;
+    for (int id : units) {
+        const Unit* unit = installation.unit(id);
+        if (unit && unit->link == Link::Bidirectional && !connected.contains(id)) {
+            connected.append(id);
+        }
+    }
+    return connected;
+}
+
 /// Why the units can't be taken, empty when they can; leaves in `units` those that will be.
 QString settle(const Installation& installation, const StartOrder& order, QVector<int>& units)
 {
@@ -59,6 +72,32 @@ QString settle(const Installation& installation, const StartOrder& order, QVecto
     return units.isEmpty() ? "noDevices" : "";
 }
 
+/// The latest playback that is addressed to a unit, 0 for none.
+int addressing(const Installation& installation, int unit)
+{
+    int latest = 0;
+    for (const Playback& playback : installation.playbacks) {
+        latest = playback.units.contains(unit) ? playback.id : latest;
+    }
+    return latest;
+}
+
+bool isGong(const Installation& installation, int playlist)
+{
+    constexpr int gongs = 7;
+    const Playlist* folder = installation.playlist(playlist);
+    return folder && folder->group == gongs;
+}
+
+/// A gong leaves what it interrupts in place, but for another gong.
+QVector<int> makeRoom(Installation& installation, int unit, bool forGong)
+{
+    const Playback* running = installation.playback(installation.unit(unit)->playback);
+    return forGong && running && !isGong(installation, running->playlist)
+               ? QVector<int>()
+               : freeUnit(installation, unit);
+}
+
 } // namespace
 
 StartResult startPlayback(Installation& installation, const StartOrder& order)
@@ -69,28 +108,22 @@ StartResult startPlayback(Installation& installation, const StartOrder& order)
         result.refusal = "playbackError";
         return result;
     }
-    for (int id : order.units) {
-        const Unit* unit = installation.unit(id);
-        if (unit && unit->link == Link::Bidirectional && !result.units.contains(id)) {
-            result.units.append(id);
-        }
-    }
+    result.units = reachable(installation, order.units);
     result.refusal = settle(installation, order, result.units);
     if (!result.refusal.isEmpty()) {
         return result;
     }
     result.playback = ++installation.lastPlayback;
     result.track = *track;
+    const bool gong = isGong(installation, order.playlist);
     for (int id : result.units) {
-        if (const auto ended = freeUnit(installation, id)) {
-            result.ended.append(*ended);
-        }
+        result.ended += makeRoom(installation, id, gong);
         installation.unit(id)->playback = result.playback;
     }
     Playback playback;
     playback.id = result.playback;
     playback.playlist = order.playlist;
-    playback.repetition = order.repetition;
+    playback.repetition = gong ? Repetition{"track", 0, "stop"} : order.repetition;
     playback.units = result.units;
     playTrack(playback, *track, 0);
     installation.playbacks.append(playback);
@@ -104,27 +137,30 @@ bool endPlayback(Installation& installation, int id)
     if (place == installation.playbacks.end()) {
         return false;
     }
-    for (int unitId : place->units) {
-        installation.unit(unitId)->playback = 0;
-    }
+    const QVector<int> units = place->units;
     installation.playbacks.erase(place);
+    for (int unit : units) {
+        if (installation.unit(unit)->playback == id) {
+            installation.unit(unit)->playback = addressing(installation, unit);
+        }
+    }
     return true;
 }
 
-std::optional<int> freeUnit(Installation& installation, int unit)
+QVector<int> freeUnit(Installation& installation, int unit)
 {
-    Unit* occupied = installation.unit(unit);
-    Playback* running = occupied ? installation.playback(occupied->playback) : nullptr;
-    if (!running) {
-        return std::nullopt;
+    QVector<int> ended;
+    for (Playback& playback : installation.playbacks) {
+        if (playback.units.removeAll(unit) > 0 && playback.units.isEmpty()) {
+            ended.append(playback.id);
+        }
     }
-    occupied->playback = 0;
-    running->units.removeAll(unit);
-    if (!running->units.isEmpty()) {
-        return std::nullopt;
+    for (int id : ended) {
+        endPlayback(installation, id);
     }
-    const int ended = running->id;
-    endPlayback(installation, ended);
+    if (Unit* freed = installation.unit(unit)) {
+        freed->playback = 0;
+    }
     return ended;
 }
 

@@ -25,14 +25,17 @@ struct StartResult {
 
 /// Starts a playback on those of the units that are connected. Refuses with "playbackError" for an
 /// unknown track, "noDevices" when no unit is left, "lowPriority" when a unit plays something more
-/// important, "overlap" when units are busy and the order doesn't say what to do with them.
+/// important, "overlap" when units are busy and the order doesn't say what to do with them. A gong
+/// sounds once, and what it interrupts goes on behind it.
 StartResult startPlayback(Installation& installation, const StartOrder& order);
 
-/// Ends a playback and frees its units. False for an unknown one.
+/// Ends a playback and frees its units, or gives them back to what it interrupted. False for an
+/// unknown one.
 bool endPlayback(Installation& installation, int id);
 
-/// Takes a unit from what it plays. Gives the playback that lost its last unit and ended by it.
-std::optional<int> freeUnit(Installation& installation, int unit);
+/// Takes a unit from all that it plays or that waits on it. Gives the playbacks that lost their
+/// last unit and ended by it.
+QVector<int> freeUnit(Installation& installation, int unit);
 
 /// Sets the track of a playback and its place in it, in seconds, and lets it run.
 void playTrack(Playback& playback, int track, int position);

@@ -19,6 +19,8 @@ private Q_SLOTS:
     void startIsSeenByTheOthers();
     void playbackEndsWithItsLastUnit();
     void stops();
+    void gongSoundsOnceOverTheMusic_data();
+    void gongSoundsOnceOverTheMusic();
     void pausesWhereItIs();
     void playsAnotherTrack_data();
     void playsAnotherTrack();
@@ -147,6 +149,9 @@ void TestPlayback::startIsSeenByTheOthers()
             QCOMPARE(unit["playback"], QJsonValue("ad"));
         }
     }
+    const QJsonObject push = other->takePush("setState");
+    QCOMPARE(push.value("deviceId"), QJsonValue(3));
+    QCOMPARE(push.value("playback"), QJsonValue("ad"));
     QVERIFY(asking->pushes.isEmpty());
 }
 
@@ -171,6 +176,34 @@ void TestPlayback::stops()
     const QJsonObject next = play(22, 111, {2, 8});
     QCOMPARE(word(next), QString("success"));
     QCOMPARE(next.value("playbackId"), QJsonValue(3)); // ids are not given twice
+}
+
+void TestPlayback::gongSoundsOnceOverTheMusic_data()
+{
+    QTest::addColumn<bool>("stopped");
+    QTest::newRow("to its end") << false;
+    QTest::newRow("stopped by hand") << true;
+}
+
+void TestPlayback::gongSoundsOnceOverTheMusic()
+{
+    QFETCH(bool, stopped);
+    const int gong = play(7, 171, {2, 3}, "overlap", {{"repeats", 5}}).value("playbackId").toInt();
+    QCOMPARE(entryOf(gong).value("activeDevices"), QJsonValue(QJsonArray{2, 3}));
+    QCOMPARE(entryOf(2).value("activeDevices"), QJsonValue(QJsonArray{8}));
+    QCOMPARE(other->takePush("setState").value("playback"), QJsonValue("gong"));
+    if (stopped) {
+        QCOMPARE(word(asking->ask("playback", "stop", {{"playbackId", gong}})), QString("success"));
+    } else {
+        simulator::Playback* playback = (*server)->installation().playback(gong);
+        playback->since = playback->since.addSecs(-4);
+        simulator::Life(**server, 1).step();
+    }
+    QCOMPARE(other->takePush("stop").value("id"), QJsonValue(gong));
+    QCOMPARE(other->takePush("setState").value("playback"), QJsonValue("playlist"));
+    QCOMPARE(other->takePush("setState").value("playback"), QJsonValue("none"));
+    QVERIFY(!asking->takePush("play").isEmpty());
+    QCOMPARE(entryOf(2).value("activeDevices"), QJsonValue(QJsonArray{2, 8}));
 }
 
 void TestPlayback::pausesWhereItIs()
