@@ -3,6 +3,7 @@
 #include "simulator/EventLog.h"
 #include "simulator/commands/CommandTable.h"
 #include "simulator/commands/Context.h"
+#include "simulator/commands/PlaybackPushes.h"
 #include "simulator/commands/UnitReport.h"
 #include "simulator/state/Access.h"
 
@@ -58,6 +59,7 @@ Server::Server(Installation fiction, Identity own)
       identity(std::move(own)),
       listener(std::make_unique<Listener>([this](qintptr descriptor) { accept(descriptor); }))
 {
+    connect(&microphone, &AudioReceiver::said, this, &Server::said);
 }
 
 Server::~Server() = default;
@@ -122,6 +124,9 @@ void Server::changeLink(int id, Link link)
         // The consoles took the unit off its playback when it went.
         broadcast(makePush("playback", "play"));
     }
+    if (link == Link::Bidirectional && state.redirection && state.redirection->units.contains(id)) {
+        broadcast(makePush("playback", "startRedirection"));
+    }
 }
 
 void Server::dropConnections()
@@ -147,11 +152,28 @@ void Server::accept(qintptr descriptor)
 
 void Server::serve(Session& session, const QJsonObject& request)
 {
-    Context context(state, session, connectedAccounts());
+    Context context(state, session, microphone, connectedAccounts());
     session.reply(request, answer(context, request));
     for (const Push& push : context.pushes()) {
         broadcast(push);
     }
+    if (session.account().isEmpty()) {
+        silenceIfSpeaker(session);
+    }
+    if (!state.redirection) {
+        microphone.close();
+    }
+}
+
+void Server::silenceIfSpeaker(const Session& session)
+{
+    if (!state.redirection || state.redirection->speaker != session.number()) {
+        return;
+    }
+    for (const Push& push : silence(state)) {
+        broadcast(push);
+    }
+    microphone.close();
 }
 
 void Server::close(Session* session)
@@ -163,6 +185,7 @@ void Server::close(Session* session)
         return;
     }
     qCInfo(events) << "Session" << session->number() << "ended";
+    silenceIfSpeaker(*session);
     const bool wasLoggedIn = !session->account().isEmpty();
     // Its own signal is under way, so it may not be destroyed here.
     place->release()->deleteLater();

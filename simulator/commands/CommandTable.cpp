@@ -19,7 +19,7 @@ QHash<Key, Command> makeTable()
          {userCommands(), userEditingCommands(), roleCommands(), roleEditingCommands(),
           helperCommands(), serverCommands(), logCommands(), deviceCommands(),
           deviceSettingsCommands(), deviceMemoryCommands(), zoneCommands(), playbackCommands(),
-          playbackControlCommands(), presetCommands(), taskCommands()}) {
+          playbackControlCommands(), redirectionCommands(), presetCommands(), taskCommands()}) {
         for (const Command& command : protocol) {
             table.insert({command.protocol, command.action}, command);
         }

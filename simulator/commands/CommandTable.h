@@ -34,6 +34,7 @@ Commands deviceMemoryCommands();
 Commands zoneCommands();
 Commands playbackCommands();
 Commands playbackControlCommands();
+Commands redirectionCommands();
 Commands presetCommands();
 Commands taskCommands();
 

@@ -24,8 +24,9 @@ Push membershipPush(const QString& action, int zone, int unit)
     return push;
 }
 
-Context::Context(Installation& installation, Session& session, QStringList accounts)
-    : state(installation), asking(session), connected(std::move(accounts))
+Context::Context(Installation& installation, Session& session, AudioReceiver& receiver,
+                 QStringList accounts)
+    : state(installation), asking(session), microphone(receiver), connected(std::move(accounts))
 {
 }
 

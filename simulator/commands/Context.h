@@ -12,6 +12,8 @@
 namespace simulator
 {
 
+class AudioReceiver;
+
 /// A message of the server's own accord, and who hears it.
 struct Push {
     QJsonObject message;
@@ -32,7 +34,8 @@ Push membershipPush(const QString& action, int zone, int unit);
 class Context
 {
 public:
-    Context(Installation& installation, Session& session, QStringList accounts);
+    Context(Installation& installation, Session& session, AudioReceiver& receiver,
+            QStringList accounts);
 
     Installation& installation() { return state; }
     Session& session() { return asking; }
@@ -43,6 +46,8 @@ public:
     /// Only inside handlers of commands that need a login: there is a role then.
     Access access() const { return Access(state, *role()); }
     const QStringList& connectedAccounts() const { return connected; }
+    /// Where the speaking console sends its sound.
+    AudioReceiver& audioReceiver() { return microphone; }
 
     /// Sends a push to all sessions, behind the reply.
     void push(Push push) { outbox.push_back(std::move(push)); }
@@ -53,6 +58,7 @@ public:
 private:
     Installation& state;
     Session& asking;
+    AudioReceiver& microphone;
     QStringList connected;
     std::vector<Push> outbox;
 };

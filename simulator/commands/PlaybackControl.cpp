@@ -97,19 +97,23 @@ QJsonObject setVolume(Context& context, const QJsonObject& request)
     if (volume < 0 || volume > 100) {
         return refusal("error");
     }
-    if (request.value("target") == "redirection") {
-        return success();
-    }
-    Playback* playback = playbackIn(context, request, "id");
-    if (!playback) {
+    const bool live = request.value("target") == "redirection";
+    Playback* playback = live ? nullptr : playbackIn(context, request, "id");
+    if (!live && !playback) {
         return refusal("unknownId");
     }
-    playback->volume = volume;
-    for (int id : context.installation().activeUnits(*playback)) {
-        Unit& unit = *context.installation().unit(id);
-        unit.volume = volume;
-        context.pushToOthers(unitPush(context.installation(), unit));
+    Installation& installation = context.installation();
+    QVector<int> units;
+    if (playback) {
+        playback->volume = volume;
+        units = installation.activeUnits(*playback);
+    } else if (installation.redirection) {
+        units = installation.redirection->units;
     }
+    for (int id : units) {
+        installation.unit(id)->volume = volume;
+    }
+    pushUnits(context, units);
     return success();
 }
 

@@ -50,10 +50,24 @@ std::vector<Push> endPushes(const Installation& installation, int playback,
     return pushes;
 }
 
+std::vector<Push> silence(Installation& installation)
+{
+    const QVector<int> units = installation.redirection->units;
+    installation.redirection.reset();
+    std::vector<Push> pushes{makePush("playback", "stopRedirection")};
+    for (int id : units) {
+        pushes.push_back(unitPush(installation, *installation.unit(id)));
+    }
+    return pushes;
+}
+
 void pushStarted(Context& context, const StartResult& started, Push start)
 {
     for (int id : started.ended) {
         context.pushToOthers(stoppedPush(id));
+    }
+    if (started.silenced) {
+        context.push(makePush("playback", "stopRedirection"));
     }
     context.pushToOthers(std::move(start));
     pushUnits(context, started.units);

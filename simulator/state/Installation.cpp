@@ -57,6 +57,9 @@ bool Installation::removeUnit(int id)
     for (Playback& playback : playbacks) {
         playback.units.removeAll(id);
     }
+    if (redirection) {
+        redirection->units.removeAll(id);
+    }
     for (Preset& preset : presets) {
         preset.targets.units.removeAll(id);
     }
@@ -172,7 +175,13 @@ QVector<int> Installation::activeUnits(const Playback& playback) const
 
 QString Installation::playbackWord(const Unit& unit) const
 {
-    const Playback* running = unit.link == Link::Bidirectional ? playback(unit.playback) : nullptr;
+    if (unit.link != Link::Bidirectional) {
+        return "none";
+    }
+    if (redirection && redirection->units.contains(unit.id)) {
+        return redirection->type;
+    }
+    const Playback* running = playback(unit.playback);
     const Playlist* folder = running ? playlist(running->playlist) : nullptr;
     if (!folder || folder->group < 1 || folder->group > int(categoryWords.size())) {
         return "none";

@@ -18,6 +18,7 @@ public:
     QVector<Track> tracks;
     QVector<Playback> playbacks;
     int lastPlayback = 0; ///< the highest id given so far
+    std::optional<Redirection> redirection;
     QVector<Task> tasks;
     QVector<Preset> presets;
     QVector<FirmwareImage> firmware;

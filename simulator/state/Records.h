@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <optional>
+
 namespace simulator
 {
 
@@ -113,6 +115,13 @@ struct Playback {
     QVector<int> units; ///< ids it is addressed to
     int pass = 0;       ///< repeats that are done
     int task = 0;       ///< id of the task that started it, 0 for none
+};
+
+/// Somebody speaks live. There is one at a time.
+struct Redirection {
+    QString type;       ///< "microphone" or "alarm"
+    QVector<int> units; ///< ids
+    int speaker = 0;    ///< number of the session that speaks
 };
 
 /// A scheduled event: a play event, or the stop event that belongs to one.

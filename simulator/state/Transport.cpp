@@ -10,8 +10,8 @@ namespace
 {
 
 /// Importance of the category roots, from 1 on: alarms before gongs before announcements before
-/// advertising before everything else.
-constexpr std::array<int, 7> importances{0, 0, 1, 2, 0, 4, 3};
+/// advertising before everything else. Between them rank those who speak live.
+constexpr std::array<int, 7> importances{0, 0, 1, 2, 0, alarmMessageRank, 3};
 
 int importanceOf(const Installation& installation, int playlist)
 {
@@ -48,28 +48,14 @@ QVector<int> reachable(const Installation& installation, const QVector<int>& uni
     return connected;
 }
 
-/// Why the units can't be taken, empty when they can; leaves in `units` those that will be.
-QString settle(const Installation& installation, const StartOrder& order, QVector<int>& units)
+/// How important what a unit carries is, -1 for nothing.
+int rankOn(const Installation& installation, int unit)
 {
-    const int importance = importanceOf(installation, order.playlist);
-    QVector<int> free;
-    bool outranked = false;
-    for (int id : units) {
-        const Playback* running = installation.playback(installation.unit(id)->playback);
-        if (!running) {
-            free.append(id);
-        } else {
-            outranked = outranked || importanceOf(installation, running->playlist) > importance;
-        }
+    if (installation.redirection && installation.redirection->units.contains(unit)) {
+        return rankOf(*installation.redirection);
     }
-    if (order.strategy == "partial") {
-        units = free;
-    } else if (outranked) {
-        return "lowPriority";
-    } else if (order.strategy != "overlap" && free.size() < units.size()) {
-        return "overlap";
-    }
-    return units.isEmpty() ? "noDevices" : "";
+    const Playback* running = installation.playback(installation.unit(unit)->playback);
+    return running ? importanceOf(installation, running->playlist) : -1;
 }
 
 /// The latest playback that is addressed to a unit, 0 for none.
@@ -100,6 +86,34 @@ QVector<int> makeRoom(Installation& installation, int unit, bool forGong)
 
 } // namespace
 
+int rankOf(const Redirection& redirection)
+{
+    return redirection.type == "alarm" ? alarmRank : microphoneRank;
+}
+
+QString settle(const Installation& installation, int rank, const QString& strategy,
+               QVector<int>& units)
+{
+    units = reachable(installation, units);
+    QVector<int> free;
+    bool outranked = false;
+    for (int id : units) {
+        const int there = rankOn(installation, id);
+        outranked = outranked || there > rank;
+        if (there < 0) {
+            free.append(id);
+        }
+    }
+    if (strategy == "partial") {
+        units = free;
+    } else if (outranked) {
+        return "lowPriority";
+    } else if (strategy != "overlap" && free.size() < units.size()) {
+        return "overlap";
+    }
+    return units.isEmpty() ? "noDevices" : "";
+}
+
 StartResult startPlayback(Installation& installation, const StartOrder& order)
 {
     StartResult result;
@@ -108,18 +122,21 @@ StartResult startPlayback(Installation& installation, const StartOrder& order)
         result.refusal = "playbackError";
         return result;
     }
-    result.units = reachable(installation, order.units);
-    result.refusal = settle(installation, order, result.units);
+    result.units = order.units;
+    result.refusal = settle(installation, importanceOf(installation, order.playlist),
+                            order.strategy, result.units);
     if (!result.refusal.isEmpty()) {
         return result;
     }
     result.playback = ++installation.lastPlayback;
     result.track = *track;
     const bool gong = isGong(installation, order.playlist);
+    const bool live = installation.redirection.has_value();
     for (int id : result.units) {
         result.ended += makeRoom(installation, id, gong);
         installation.unit(id)->playback = result.playback;
     }
+    result.silenced = live && !installation.redirection;
     Playback playback;
     playback.id = result.playback;
     playback.playlist = order.playlist;
@@ -157,6 +174,10 @@ QVector<int> freeUnit(Installation& installation, int unit)
     }
     for (int id : ended) {
         endPlayback(installation, id);
+    }
+    std::optional<Redirection>& live = installation.redirection;
+    if (live && live->units.removeAll(unit) > 0 && live->units.isEmpty()) {
+        live.reset();
     }
     if (Unit* freed = installation.unit(unit)) {
         freed->playback = 0;
