@@ -36,7 +36,7 @@ void takeOver(Context& context, const Redirection& redirection)
     }
     for (int unit : redirection.units) {
         for (int ended : freeUnit(installation, unit)) {
-            context.pushToOthers(stoppedPush(ended));
+            context.push(stoppedPush(ended));
         }
     }
     installation.redirection = redirection;

@@ -181,6 +181,9 @@ QString Installation::playbackWord(const Unit& unit) const
     if (redirection && redirection->units.contains(unit.id)) {
         return redirection->type;
     }
+    if (unit.memoryRun) {
+        return unit.memoryRun->message ? "message" : "scenario";
+    }
     const Playback* running = playback(unit.playback);
     const Playlist* folder = running ? playlist(running->playlist) : nullptr;
     if (!folder || folder->group < 1 || folder->group > int(categoryWords.size())) {

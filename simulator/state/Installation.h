@@ -17,7 +17,8 @@ public:
     QVector<Playlist> playlists;
     QVector<Track> tracks;
     QVector<Playback> playbacks;
-    int lastPlayback = 0; ///< the highest id given so far
+    int lastPlayback = 0;    ///< the highest id given so far
+    int lastMemoryGroup = 0; ///< the highest id given so far
     std::optional<Redirection> redirection;
     QVector<Task> tasks;
     QVector<Preset> presets;

@@ -36,6 +36,14 @@ struct MemoryScenario {
     int repeat = 0;          ///< seconds between two repeats
 };
 
+/// What a unit plays from its own memory.
+struct MemoryRun {
+    int group = 0;
+    bool message = true; ///< else an announcement, which repeats until it is stopped
+    int position = 0;
+    QDateTime since;
+};
+
 /// One network loudspeaker unit.
 struct Unit {
     int id = 0;
@@ -57,6 +65,7 @@ struct Unit {
     int playback = 0;          ///< id of the Playback addressed to it, 0 for none
     QVector<MemoryMessage> messages;
     QVector<MemoryScenario> scenarios;
+    std::optional<MemoryRun> memoryRun;
     int availableMemory = 0; ///< bytes
     QString memoryStamp;
 };

@@ -48,16 +48,6 @@ QVector<int> reachable(const Installation& installation, const QVector<int>& uni
     return connected;
 }
 
-/// How important what a unit carries is, -1 for nothing.
-int rankOn(const Installation& installation, int unit)
-{
-    if (installation.redirection && installation.redirection->units.contains(unit)) {
-        return rankOf(*installation.redirection);
-    }
-    const Playback* running = installation.playback(installation.unit(unit)->playback);
-    return running ? importanceOf(installation, running->playlist) : -1;
-}
-
 /// The latest playback that is addressed to a unit, 0 for none.
 int addressing(const Installation& installation, int unit)
 {
@@ -89,6 +79,18 @@ QVector<int> makeRoom(Installation& installation, int unit, bool forGong)
 int rankOf(const Redirection& redirection)
 {
     return redirection.type == "alarm" ? alarmRank : microphoneRank;
+}
+
+int rankOn(const Installation& installation, int unit)
+{
+    if (installation.redirection && installation.redirection->units.contains(unit)) {
+        return rankOf(*installation.redirection);
+    }
+    if (installation.unit(unit)->memoryRun) {
+        return memoryRank;
+    }
+    const Playback* running = installation.playback(installation.unit(unit)->playback);
+    return running ? importanceOf(installation, running->playlist) : -1;
 }
 
 QString settle(const Installation& installation, int rank, const QString& strategy,
@@ -181,6 +183,7 @@ QVector<int> freeUnit(Installation& installation, int unit)
     }
     if (Unit* freed = installation.unit(unit)) {
         freed->playback = 0;
+        freed->memoryRun.reset();
     }
     return ended;
 }

@@ -5,12 +5,16 @@
 namespace simulator
 {
 
-/// Ranks of those who speak live and of the alarm messages between them; music has 0, a gong 3.
+/// Ranks of what a unit plays from its memory, of those who speak live and of the alarm messages
+/// between them; music has 0, a gong 3.
+constexpr int memoryRank = 2;
 constexpr int microphoneRank = 4;
 constexpr int alarmMessageRank = 5;
 constexpr int alarmRank = 6;
 
 int rankOf(const Redirection& redirection);
+/// How important what a unit carries is, -1 for nothing.
+int rankOn(const Installation& installation, int unit);
 
 /// What somebody wants to hear, and where.
 struct StartOrder {

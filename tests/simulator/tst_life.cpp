@@ -17,6 +17,7 @@ private Q_SLOTS:
     void consolesHearOfEachOther();
     void lostUnitsComeBackAndJoinTheirPlayback();
     void tracksFollowEachOther();
+    void somebodyElsePlaysMusicAndStopsIt();
     void sameSeedGivesTheSameEvents();
     void typedCommands_data();
     void typedCommands();
@@ -133,6 +134,23 @@ void TestLife::tracksFollowEachOther()
     QCOMPARE(tracks, (QVector<int>{113, 114, 111, 112}));
     life.step();
     QCOMPARE(server->installation().playback(1)->track, 101); // a live stream has no end
+}
+
+void TestLife::somebodyElsePlaysMusicAndStopsIt()
+{
+    ServerFixture server;
+    Client client(server->port());
+    QVERIFY(client.logIn("admin"));
+    simulator::Life life(*server, 1);
+    int most = 2;
+    const auto& playbacks = server->installation().playbacks;
+    for (int steps = 0; steps < 2000 && !(most > 2 && playbacks.size() == 2); ++steps) {
+        life.step();
+        most = std::max(most, int(playbacks.size()));
+    }
+    QCOMPARE(most, 3);
+    QCOMPARE(int(playbacks.size()), 2);
+    QVERIFY(client.takePush("stop").value("id").toInt() > 2);
 }
 
 void TestLife::sameSeedGivesTheSameEvents()

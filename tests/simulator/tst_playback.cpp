@@ -30,6 +30,9 @@ private Q_SLOTS:
     void presets_data();
     void presets();
     void hiddenPlaybacksAreUnknown();
+    void playsFromMemory_data();
+    void playsFromMemory();
+    void memoryGivesWay();
 
 private:
     QJsonObject play(int playlist, int track, const QJsonArray& units,
@@ -357,6 +360,62 @@ void TestPlayback::hiddenPlaybacksAreUnknown()
     QCOMPARE(word(guard.ask("playback", "play",
                             {{"playlistId", 22}, {"trackId", 111}, {"devices", QJsonArray{3}}})),
              QString("playbackError"));
+}
+
+void TestPlayback::playsFromMemory_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<int>("position");
+    QTest::addColumn<bool>("ends");
+    QTest::newRow("message") << "playMessage"
+                             << "message" << 2 << true;
+    QTest::newRow("announcement") << "playScenario"
+                                  << "scenario" << 1 << false;
+}
+
+/// A message sounds once, an announcement until it is stopped.
+void TestPlayback::playsFromMemory()
+{
+    QFETCH(QString, action);
+    QFETCH(QString, type);
+    QFETCH(int, position);
+    QFETCH(bool, ends);
+    const auto groups = [this] {
+        return other->ask("device", "getPlays", {{"id", 8}})["playbackGroups"].toArray();
+    };
+    QCOMPARE(word(asking->ask("device", action, {{"id", 8}, {"position", 3}})), QString("error"));
+    QCOMPARE(word(asking->ask("device", action, {{"id", 18}, {"position", 0}})), QString("error"));
+    const int group =
+        asking->ask("device", action, {{"id", 8}, {"position", position}})["playbackGroupId"]
+            .toInt();
+    QVERIFY(group > 0);
+    QCOMPARE(other->takePush("setState").value("playback"), QJsonValue(type));
+    QCOMPARE(other->takePush("startTranslation").value("deviceId"), QJsonValue(8));
+    QCOMPARE(
+        groups(),
+        (QJsonArray{QJsonObject{
+            {"id", group}, {"type", type}, {"position", position}, {"devices", QJsonArray{8}}}}));
+    QCOMPARE(entryOf(2).value("activeDevices"), QJsonValue(QJsonArray{2}));
+
+    simulator::Unit& unit = *(*server)->installation().unit(8);
+    unit.memoryRun->since = unit.memoryRun->since.addSecs(-100);
+    simulator::Life(**server, 1).step();
+    QCOMPARE(groups().isEmpty(), ends);
+    const QJsonObject stop{{"id", 8}, {"playbackGroupId", group}};
+    QCOMPARE(word(asking->ask("device", "stop", stop)), QString(ends ? "error" : "success"));
+    QVERIFY(groups().isEmpty());
+    QCOMPARE(other->takePush("setState").value("playback"), QJsonValue("none"));
+}
+
+void TestPlayback::memoryGivesWay()
+{
+    const QJsonObject message{{"id", 3}, {"position", 0}};
+    QCOMPARE(word(asking->ask("device", "playMessage", message)), QString("success"));
+    QCOMPARE(word(play(22, 111, {3}, "overlap")), QString("lowPriority"));
+    QCOMPARE(word(play(27, 161, {3}, "overlap")), QString("success"));
+    QVERIFY(!(*server)->installation().unit(3)->memoryRun);
+    QCOMPARE(word(asking->ask("device", "playMessage", message)), QString("playing"));
 }
 
 QTEST_GUILESS_MAIN(TestPlayback)

@@ -73,6 +73,8 @@ void TestRedirection::speechIsSeenByTheOthers()
     QVERIFY(!other->takePush("stopRedirection").isEmpty());
     QCOMPARE(other->takePush("setState").value("playback"), QJsonValue("none"));
     QVERIFY(hearing().isEmpty());
+    // Nothing but the end of the music is news for the one who spoke.
+    QCOMPARE(speaker->takePush().value("id"), QJsonValue(2));
     QVERIFY(speaker->pushes.isEmpty());
 }
 
