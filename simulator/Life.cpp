@@ -2,6 +2,7 @@
 
 #include "simulator/Server.h"
 #include "simulator/commands/PlaybackPushes.h"
+#include "simulator/state/Transport.h"
 
 #include <algorithm>
 
@@ -15,6 +16,8 @@ constexpr int stepLength = 1000; // milliseconds
 constexpr int stepsPerDrop = 15;
 constexpr int stepsToReturn = 6;
 constexpr int stepsPerPercent = 20;
+constexpr int stepsPerVisit = 40;
+constexpr int messageRate = 16000; // bytes that a unit plays from its memory in a second
 
 } // namespace
 
@@ -33,6 +36,10 @@ void Life::step()
     reconnect();
     drain();
     endTracks();
+    endMessages();
+    if (chance.bounded(stepsPerVisit) == 0) {
+        visit();
+    }
     const QVector<Unit>& units = server.installation().allUnits();
     if (!units.isEmpty() && chance.bounded(stepsPerDrop) == 0) {
         server.changeLink(units.at(chance.bounded(units.size())).id, Link::No);
@@ -93,8 +100,64 @@ void Life::endTracks()
         }
     }
     for (int id : over) {
-        endPlayback(installation, id);
-        server.broadcast(stoppedPush(id));
+        end(id);
+    }
+}
+
+/// Ends a playback that runs, and tells it.
+void Life::end(int playback)
+{
+    Installation& installation = server.installation();
+    const QVector<int> units = installation.activeUnits(*installation.playback(playback));
+    endPlayback(installation, playback);
+    for (const Push& push : endPushes(installation, playback, units)) {
+        server.broadcast(push);
+    }
+}
+
+/// A message from a unit's memory sounds once.
+void Life::endMessages()
+{
+    Installation& installation = server.installation();
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    for (const Unit& known : installation.allUnits()) {
+        if (!known.memoryRun || !known.memoryRun->message ||
+            known.memoryRun->position >= known.messages.size()) {
+            continue;
+        }
+        const int seconds = known.messages.at(known.memoryRun->position).size / messageRate;
+        if (known.memoryRun->since.secsTo(now) >= seconds) {
+            installation.unit(known.id)->memoryRun.reset();
+            server.tellUnit(known.id);
+        }
+    }
+}
+
+/// A second operator puts music on a free unit, and next time takes it away again.
+void Life::visit()
+{
+    constexpr int folder = 24;
+    Installation& installation = server.installation();
+    for (const Playback& playback : installation.playbacks) {
+        if (playback.id == visitors) {
+            end(visitors);
+            visitors = 0;
+            return;
+        }
+    }
+    const QVector<Unit>& units = installation.allUnits();
+    if (units.isEmpty()) {
+        return;
+    }
+    StartOrder order;
+    order.playlist = folder;
+    order.units = {units.at(chance.bounded(units.size())).id};
+    order.strategy = "partial";
+    const StartResult started = startPlayback(installation, order);
+    visitors = started.playback;
+    if (started.refusal.isEmpty()) {
+        server.broadcast(makePush("playback", "play"));
+        server.tellUnit(started.units.first());
     }
 }
 

@@ -9,7 +9,8 @@ namespace simulator
 
 class Server;
 
-/// What happens of itself: units drop and come back, batteries drain and charge, tracks end.
+/// What happens of itself: units drop and come back, batteries drain and charge, tracks end, a
+/// second operator comes by.
 class Life : public QObject
 {
     Q_OBJECT
@@ -27,10 +28,14 @@ private:
     void reconnect();
     void drain();
     void endTracks();
+    void endMessages();
+    void visit();
+    void end(int playback);
 
     Server& server;
     QRandomGenerator chance;
     QTimer timer;
+    int visitors = 0; ///< the second operator's playback, 0 for none
 };
 
 } // namespace simulator

@@ -31,6 +31,12 @@ private:
     bool mains(const QStringList& arguments);
     bool battery(const QStringList& arguments);
     bool housing(const QStringList& arguments);
+    bool line(const QStringList& arguments);
+    bool right(const QStringList& arguments);
+    bool role(const QStringList& arguments);
+    bool zone(const QStringList& arguments);
+    bool unit(const QStringList& arguments);
+    bool remove(const QStringList& arguments);
     bool drop(const QStringList& arguments);
     bool slow(const QStringList& arguments);
     bool silent(const QStringList& arguments);

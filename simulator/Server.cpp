@@ -3,6 +3,7 @@
 #include "simulator/EventLog.h"
 #include "simulator/commands/CommandTable.h"
 #include "simulator/commands/Context.h"
+#include "simulator/commands/PlaybackPushes.h"
 #include "simulator/commands/UnitReport.h"
 #include "simulator/state/Access.h"
 
@@ -35,11 +36,20 @@ const Role* roleOf(const Installation& installation, const Session& session)
 bool mayHear(const Installation& installation, const Session& session, const Push& push)
 {
     const Role* role = roleOf(installation, session);
-    if (!role || &session == push.notTo) {
+    if (session.account().isEmpty() || &session == push.notTo) {
+        return false;
+    }
+    if (!role) {
+        // Who has lost his account or his role learns it when he asks about himself.
+        return push.message.value("request") == "user";
+    }
+    const Access access(installation, *role);
+    const Zone* zone = push.aboutZone ? installation.zone(*push.aboutZone) : nullptr;
+    if (push.aboutZone && !(zone && access.sees(*zone))) {
         return false;
     }
     const Unit* unit = push.aboutUnit ? installation.unit(*push.aboutUnit) : nullptr;
-    return !push.aboutUnit || (unit && Access(installation, *role).sees(*unit));
+    return !push.aboutUnit || (unit && access.sees(*unit));
 }
 
 } // namespace
@@ -49,6 +59,7 @@ Server::Server(Installation fiction, Identity own)
       identity(std::move(own)),
       listener(std::make_unique<Listener>([this](qintptr descriptor) { accept(descriptor); }))
 {
+    connect(&microphone, &AudioReceiver::said, this, &Server::said);
 }
 
 Server::~Server() = default;
@@ -96,7 +107,7 @@ void Server::broadcast(const Push& push)
 void Server::tellUnit(int id)
 {
     if (const Unit* unit = state.unit(id)) {
-        broadcast({statePush(state, *unit), nullptr, id});
+        broadcast(unitPush(state, *unit));
     }
 }
 
@@ -112,6 +123,9 @@ void Server::changeLink(int id, Link link)
     if (link == Link::Bidirectional && unit->playback > 0) {
         // The consoles took the unit off its playback when it went.
         broadcast(makePush("playback", "play"));
+    }
+    if (link == Link::Bidirectional && state.redirection && state.redirection->units.contains(id)) {
+        broadcast(makePush("playback", "startRedirection"));
     }
 }
 
@@ -138,11 +152,28 @@ void Server::accept(qintptr descriptor)
 
 void Server::serve(Session& session, const QJsonObject& request)
 {
-    Context context(state, session, connectedAccounts());
+    Context context(state, session, microphone, connectedAccounts());
     session.reply(request, answer(context, request));
     for (const Push& push : context.pushes()) {
         broadcast(push);
     }
+    if (session.account().isEmpty()) {
+        silenceIfSpeaker(session);
+    }
+    if (!state.redirection) {
+        microphone.close();
+    }
+}
+
+void Server::silenceIfSpeaker(const Session& session)
+{
+    if (!state.redirection || state.redirection->speaker != session.number()) {
+        return;
+    }
+    for (const Push& push : silence(state)) {
+        broadcast(push);
+    }
+    microphone.close();
 }
 
 void Server::close(Session* session)
@@ -154,6 +185,7 @@ void Server::close(Session* session)
         return;
     }
     qCInfo(events) << "Session" << session->number() << "ended";
+    silenceIfSpeaker(*session);
     const bool wasLoggedIn = !session->account().isEmpty();
     // Its own signal is under way, so it may not be destroyed here.
     place->release()->deleteLater();

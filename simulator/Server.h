@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/AudioReceiver.h"
 #include "simulator/Identity.h"
 #include "simulator/Session.h"
 #include "simulator/state/Installation.h"
@@ -49,7 +50,13 @@ public:
     void setReplyDelay(int milliseconds) { manners.replyDelay = milliseconds; }
     void setSilent(bool silent) { manners.silent = silent; }
 
+Q_SIGNALS:
+    /// A line for the person who watches the server.
+    void said(const QString& line);
+
 private:
+    /// Ends the broadcast of a session that can't speak any more.
+    void silenceIfSpeaker(const Session& session);
     void accept(qintptr descriptor);
     void serve(Session& session, const QJsonObject& request);
     void close(Session* session);
@@ -60,6 +67,7 @@ private:
     Installation state;
     Identity identity;
     Manners manners;
+    AudioReceiver microphone;
     std::unique_ptr<Listener> listener;
     std::vector<std::unique_ptr<Session>> sessions;
     int nextSession = 1;

@@ -2,6 +2,7 @@
 
 #include "simulator/wire/ObjectReader.h"
 
+#include <QHostAddress>
 #include <QJsonObject>
 #include <QObject>
 #include <QQueue>
@@ -35,6 +36,8 @@ public:
     /// Name of the account that is logged in, empty for none.
     QString account() const { return accountName; }
     void setAccount(const QString& name) { accountName = name; }
+    /// The address of this machine that the console has reached.
+    QHostAddress localAddress() const { return socket.localAddress(); }
 
     /// Answers a request: `answer` goes out with the order of the request.
     void reply(const QJsonObject& request, QJsonObject answer);

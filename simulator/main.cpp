@@ -74,6 +74,7 @@ int main(int argc, char** argv)
         announcer.emplace(*interface, server.port());
         announcer->start();
     }
+    QObject::connect(&server, &Server::said, &application, say);
     Life life(server, options->seed);
     if (!options->quiet) {
         life.start();

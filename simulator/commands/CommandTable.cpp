@@ -16,9 +16,10 @@ QHash<Key, Command> makeTable()
 {
     QHash<Key, Command> table;
     for (const auto& protocol :
-         {userCommands(), roleCommands(), helperCommands(), serverCommands(), logCommands(),
-          deviceCommands(), deviceSettingsCommands(), deviceMemoryCommands(), zoneCommands(),
-          playbackCommands(), playbackControlCommands(), presetCommands(), taskCommands()}) {
+         {userCommands(), userEditingCommands(), roleCommands(), roleEditingCommands(),
+          helperCommands(), serverCommands(), logCommands(), deviceCommands(),
+          deviceSettingsCommands(), deviceMemoryCommands(), zoneCommands(), playbackCommands(),
+          playbackControlCommands(), redirectionCommands(), presetCommands(), taskCommands()}) {
         for (const Command& command : protocol) {
             table.insert({command.protocol, command.action}, command);
         }

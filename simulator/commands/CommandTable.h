@@ -22,7 +22,9 @@ using Commands = std::vector<Command>;
 
 /// The commands of each protocol, in a file of its own.
 Commands userCommands();
+Commands userEditingCommands();
 Commands roleCommands();
+Commands roleEditingCommands();
 Commands helperCommands();
 Commands serverCommands();
 Commands logCommands();
@@ -32,6 +34,7 @@ Commands deviceMemoryCommands();
 Commands zoneCommands();
 Commands playbackCommands();
 Commands playbackControlCommands();
+Commands redirectionCommands();
 Commands presetCommands();
 Commands taskCommands();
 

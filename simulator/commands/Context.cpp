@@ -7,7 +7,7 @@ Push makePush(const QString& request, const QString& action, QJsonObject fields)
 {
     fields.insert("request", request);
     fields.insert("action", action);
-    return {fields, nullptr, std::nullopt};
+    return {fields, nullptr, std::nullopt, std::nullopt};
 }
 
 Push reloadPush(const QString& request)
@@ -15,8 +15,18 @@ Push reloadPush(const QString& request)
     return makePush(request, "reloadChanges");
 }
 
-Context::Context(Installation& installation, Session& session, QStringList accounts)
-    : state(installation), asking(session), connected(std::move(accounts))
+Push membershipPush(const QString& action, int zone, int unit)
+{
+    Push push = makePush("zone", action, {{"zoneId", zone}, {"deviceId", unit}});
+    if (zone != 0) {
+        push.aboutZone = zone;
+    }
+    return push;
+}
+
+Context::Context(Installation& installation, Session& session, AudioReceiver& receiver,
+                 QStringList accounts)
+    : state(installation), asking(session), microphone(receiver), connected(std::move(accounts))
 {
 }
 

@@ -12,23 +12,30 @@
 namespace simulator
 {
 
+class AudioReceiver;
+
 /// A message of the server's own accord, and who hears it.
 struct Push {
     QJsonObject message;
     const Session* notTo = nullptr; ///< a session that is left out
     std::optional<int> aboutUnit;   ///< only to those who see this unit
+    std::optional<int> aboutZone;   ///< only to those who see this zone
 };
 
 /// A push with nothing but its two names.
 Push makePush(const QString& request, const QString& action, QJsonObject fields = {});
 /// The push that makes the consoles ask for a protocol's state again.
 Push reloadPush(const QString& request);
+/// The push by which a unit enters or leaves a zone: `action` is "includeDevice" or
+/// "excludeDevice". Who does not see the zone does not hear of it; zone 0 is everybody's.
+Push membershipPush(const QString& action, int zone, int unit);
 
 /// What a command handler works with: the state, who asks, and the pushes that follow its reply.
 class Context
 {
 public:
-    Context(Installation& installation, Session& session, QStringList accounts);
+    Context(Installation& installation, Session& session, AudioReceiver& receiver,
+            QStringList accounts);
 
     Installation& installation() { return state; }
     Session& session() { return asking; }
@@ -39,6 +46,8 @@ public:
     /// Only inside handlers of commands that need a login: there is a role then.
     Access access() const { return Access(state, *role()); }
     const QStringList& connectedAccounts() const { return connected; }
+    /// Where the speaking console sends its sound.
+    AudioReceiver& audioReceiver() { return microphone; }
 
     /// Sends a push to all sessions, behind the reply.
     void push(Push push) { outbox.push_back(std::move(push)); }
@@ -49,6 +58,7 @@ public:
 private:
     Installation& state;
     Session& asking;
+    AudioReceiver& microphone;
     QStringList connected;
     std::vector<Push> outbox;
 };

@@ -56,7 +56,7 @@ QJsonObject setVolume(Context& context, const QJsonObject& request)
         return refusal("error");
     }
     unit->volume = volume;
-    context.pushToOthers({statePush(context.installation(), *unit), nullptr, unit->id});
+    context.pushToOthers(unitPush(context.installation(), *unit));
     return success();
 }
 

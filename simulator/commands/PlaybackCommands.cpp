@@ -66,12 +66,6 @@ QJsonObject getPlays(Context& context, const QJsonObject&)
     return success({{"list", list}});
 }
 
-/// Nobody speaks yet, so there are no units to tell.
-QJsonObject getRedirection(Context&, const QJsonObject&)
-{
-    return success({{"type", ""}, {"devices", QJsonArray()}});
-}
-
 } // namespace
 
 Commands playbackCommands()
@@ -80,7 +74,6 @@ Commands playbackCommands()
     return {
         {playback, QLatin1String("list"), {Right::Session}, list},
         {playback, QLatin1String("getPlays"), {Right::Session}, getPlays},
-        {playback, QLatin1String("getRedirection"), {Right::Session}, getRedirection},
     };
 }
 

@@ -46,8 +46,13 @@ QJsonObject stop(Context& context, const QJsonObject& request)
         return refusal("unknownId");
     }
     const int id = playback->id;
+    const QVector<int> units = context.installation().activeUnits(*playback);
     endPlayback(context.installation(), id);
-    context.pushToOthers(stoppedPush(id));
+    for (const Push& push : endPushes(context.installation(), id, units)) {
+        // What goes on behind it is news for the one that asked, too.
+        const bool news = push.message.value("action") == "play";
+        news ? context.push(push) : context.pushToOthers(push);
+    }
     return success();
 }
 
@@ -92,19 +97,23 @@ QJsonObject setVolume(Context& context, const QJsonObject& request)
     if (volume < 0 || volume > 100) {
         return refusal("error");
     }
-    if (request.value("target") == "redirection") {
-        return success();
-    }
-    Playback* playback = playbackIn(context, request, "id");
-    if (!playback) {
+    const bool live = request.value("target") == "redirection";
+    Playback* playback = live ? nullptr : playbackIn(context, request, "id");
+    if (!live && !playback) {
         return refusal("unknownId");
     }
-    playback->volume = volume;
-    for (int id : context.installation().activeUnits(*playback)) {
-        Unit& unit = *context.installation().unit(id);
-        unit.volume = volume;
-        context.pushToOthers({statePush(context.installation(), unit), nullptr, id});
+    Installation& installation = context.installation();
+    QVector<int> units;
+    if (playback) {
+        playback->volume = volume;
+        units = installation.activeUnits(*playback);
+    } else if (installation.redirection) {
+        units = installation.redirection->units;
     }
+    for (int id : units) {
+        installation.unit(id)->volume = volume;
+    }
+    pushUnits(context, units);
     return success();
 }
 

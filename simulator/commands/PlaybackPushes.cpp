@@ -1,5 +1,9 @@
 #include "simulator/commands/PlaybackPushes.h"
 
+#include "simulator/commands/UnitReport.h"
+
+#include <algorithm>
+
 namespace simulator
 {
 
@@ -24,12 +28,49 @@ Push trackPush(const Installation& installation, const Playback& playback)
          {"playing", playback.playing}});
 }
 
+void pushUnits(Context& context, const QVector<int>& units)
+{
+    for (int id : units) {
+        context.pushToOthers(unitPush(context.installation(), *context.installation().unit(id)));
+    }
+}
+
+std::vector<Push> endPushes(const Installation& installation, int playback,
+                            const QVector<int>& units)
+{
+    std::vector<Push> pushes{stoppedPush(playback)};
+    for (int id : units) {
+        pushes.push_back(unitPush(installation, *installation.unit(id)));
+    }
+    // Behind a gong the consoles have to find again what it interrupted.
+    if (std::any_of(units.begin(), units.end(),
+                    [&](int id) { return installation.unit(id)->playback > 0; })) {
+        pushes.push_back(makePush("playback", "play"));
+    }
+    return pushes;
+}
+
+std::vector<Push> silence(Installation& installation)
+{
+    const QVector<int> units = installation.redirection->units;
+    installation.redirection.reset();
+    std::vector<Push> pushes{makePush("playback", "stopRedirection")};
+    for (int id : units) {
+        pushes.push_back(unitPush(installation, *installation.unit(id)));
+    }
+    return pushes;
+}
+
 void pushStarted(Context& context, const StartResult& started, Push start)
 {
     for (int id : started.ended) {
         context.pushToOthers(stoppedPush(id));
     }
+    if (started.silenced) {
+        context.push(makePush("playback", "stopRedirection"));
+    }
     context.pushToOthers(std::move(start));
+    pushUnits(context, started.units);
 }
 
 } // namespace simulator

@@ -1,4 +1,5 @@
 #include "simulator/commands/CommandTable.h"
+#include "simulator/state/Rights.h"
 
 #include <QJsonArray>
 
@@ -42,24 +43,13 @@ QJsonObject list(Context& context, const QJsonObject&)
 QJsonObject getRedirection(Context& context, const QJsonObject& request)
 {
     const Role* role = roleIn(context, request);
-    return role ? success({{"alarm", role->alarm},
-                           {"broadcastingFromMicrophone", role->microphone},
-                           {"externalDrivers", role->externalDrives}})
-                : refusal("error");
+    return role ? success(broadcastRights(*role)) : refusal("error");
 }
 
 QJsonObject getServer(Context& context, const QJsonObject& request)
 {
     const Role* role = roleIn(context, request);
-    return role ? success({{"serverManagement", role->server},
-                           {"userManagement", role->users},
-                           {"zoneManagement", role->zoneTree},
-                           {"roleManagement", wordOf(levelWords, role->roles)},
-                           {"deviceManagement", wordOf(levelWords, role->devices)},
-                           {"playbackManagement", wordOf(levelWords, role->playback)},
-                           {"taskManagement", wordOf(levelWords, role->tasks)},
-                           {"presetManagement", wordOf(levelWords, role->presets)}})
-                : refusal("error");
+    return role ? success(managementRights(*role)) : refusal("error");
 }
 
 /// One of a role's four lists under `key`: all records of the kind for a role without limits.

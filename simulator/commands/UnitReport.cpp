@@ -1,7 +1,5 @@
 #include "simulator/commands/UnitReport.h"
 
-#include "simulator/commands/Context.h"
-
 #include <QJsonArray>
 
 namespace simulator
@@ -36,14 +34,16 @@ QJsonObject conditionOf(const Unit& unit)
             {"lines", linesOf(unit)}};
 }
 
-QJsonObject statePush(const Installation& installation, const Unit& unit)
+Push unitPush(const Installation& installation, const Unit& unit)
 {
     QJsonObject fields = conditionOf(unit);
     fields.insert("deviceId", unit.id);
     fields.insert("link", wordOf(linkWords, unit.link));
     fields.insert("volume", unit.volume);
     fields.insert("playback", installation.playbackWord(unit));
-    return makePush("device", "setState", fields).message;
+    Push push = makePush("device", "setState", fields);
+    push.aboutUnit = unit.id;
+    return push;
 }
 
 } // namespace simulator

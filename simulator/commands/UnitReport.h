@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/commands/Context.h"
 #include "simulator/state/Installation.h"
 
 #include <QJsonObject>
@@ -11,7 +12,7 @@ namespace simulator
 /// state push: versions, supply, case, lines.
 QJsonObject conditionOf(const Unit& unit);
 
-/// The push `device` / "setState" about a unit, without its order.
-QJsonObject statePush(const Installation& installation, const Unit& unit);
+/// The push `device` / "setState" about a unit, for those who see it.
+Push unitPush(const Installation& installation, const Unit& unit);
 
 } // namespace simulator

@@ -1,5 +1,7 @@
 #include "simulator/fiction/Fleet.h"
 
+#include "simulator/state/Topology.h"
+
 #include <QRandomGenerator>
 
 #include <algorithm>
@@ -165,26 +167,15 @@ void addCondition(Unit& unit, QRandomGenerator& chance)
 
 Unit makeUnit(int id, const QString& title, QRandomGenerator& chance)
 {
-    Unit unit;
-    unit.id = id;
-    unit.title = title;
+    Unit unit = makeNewUnit(id, title);
     unit.volume = chance.bounded(30, 91);
-    addHardware(unit);
-    addAddress(unit);
     addCondition(unit, chance);
     return unit;
 }
 
-Zone* zoneOf(Installation& installation, int id)
-{
-    const auto found = std::find_if(installation.zones.begin(), installation.zones.end(),
-                                    [id](const Zone& zone) { return zone.id == id; });
-    return found == installation.zones.end() ? nullptr : &*found;
-}
-
 void include(Installation& installation, int zone, int unit)
 {
-    if (Zone* found = zoneOf(installation, zone)) {
+    if (Zone* found = installation.zone(zone)) {
         found->units.append(unit);
     }
 }
@@ -241,6 +232,16 @@ void addBuildings(Installation& installation, int count, QRandomGenerator& chanc
 }
 
 } // namespace
+
+Unit makeNewUnit(int id, const QString& title)
+{
+    Unit unit;
+    unit.id = id;
+    unit.title = title;
+    addHardware(unit);
+    addAddress(unit);
+    return unit;
+}
 
 void addFleet(Installation& installation, int deviceCount, quint32 seed)
 {

@@ -5,8 +5,8 @@
 namespace simulator
 {
 
-/// The server's root zone, in which a unit sits while it sits in no other.
-constexpr int rootZone = 1;
+/// A unit of the newer generation as it leaves the factory, in no zone.
+Unit makeNewUnit(int id, const QString& title);
 
 /// Adds the zone tree and the units to the installation.
 void addFleet(Installation& installation, int deviceCount, quint32 seed);

@@ -58,7 +58,7 @@ Role guards()
     role.tasks = role.presets = Level::Read;
     role.microphone = role.alarm = true;
     role.zoneIds = {2, 3, 4, 6, 7, 10};
-    role.playlistIds = {1, 21, 4, 26, 6, 27, 7, 28};
+    role.playlistIds = {1, 21, 29, 4, 26, 34, 6, 27, 35, 7, 28};
     role.presetIds = {1};
     role.taskIds = {2};
     return role;

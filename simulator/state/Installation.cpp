@@ -40,6 +40,35 @@ void Installation::addUnit(const Unit& unit)
     units.append(unit);
 }
 
+bool Installation::removeUnit(int id)
+{
+    const auto place = unitIndex.constFind(id);
+    if (place == unitIndex.constEnd()) {
+        return false;
+    }
+    units.removeAt(*place);
+    unitIndex.clear();
+    for (int index = 0; index < units.size(); ++index) {
+        unitIndex.insert(units.at(index).id, index);
+    }
+    for (Zone& zone : zones) {
+        zone.units.removeAll(id);
+    }
+    for (Playback& playback : playbacks) {
+        playback.units.removeAll(id);
+    }
+    if (redirection) {
+        redirection->units.removeAll(id);
+    }
+    for (Preset& preset : presets) {
+        preset.targets.units.removeAll(id);
+    }
+    for (Task& task : tasks) {
+        task.targets.units.removeAll(id);
+    }
+    return true;
+}
+
 Unit* Installation::unit(int id)
 {
     const auto place = unitIndex.constFind(id);
@@ -50,6 +79,11 @@ const Unit* Installation::unit(int id) const
 {
     const auto place = unitIndex.constFind(id);
     return place == unitIndex.constEnd() ? nullptr : &units.at(*place);
+}
+
+Zone* Installation::zone(int id)
+{
+    return byId(zones, id);
 }
 
 const Zone* Installation::zone(int id) const
@@ -82,9 +116,19 @@ const Preset* Installation::preset(int id) const
     return byId(presets, id);
 }
 
+Role* Installation::role(const QString& name)
+{
+    return byName(roles, name);
+}
+
 const Role* Installation::role(const QString& name) const
 {
     return byName(roles, name);
+}
+
+Account* Installation::account(const QString& name)
+{
+    return byName(accounts, name);
 }
 
 const Account* Installation::account(const QString& name) const
@@ -131,12 +175,32 @@ QVector<int> Installation::activeUnits(const Playback& playback) const
 
 QString Installation::playbackWord(const Unit& unit) const
 {
-    const Playback* running = unit.link == Link::Bidirectional ? playback(unit.playback) : nullptr;
+    if (unit.link != Link::Bidirectional) {
+        return "none";
+    }
+    if (redirection && redirection->units.contains(unit.id)) {
+        return redirection->type;
+    }
+    if (unit.memoryRun) {
+        return unit.memoryRun->message ? "message" : "scenario";
+    }
+    const Playback* running = playback(unit.playback);
     const Playlist* folder = running ? playlist(running->playlist) : nullptr;
     if (!folder || folder->group < 1 || folder->group > int(categoryWords.size())) {
         return "none";
     }
     return categoryWords[std::size_t(folder->group) - 1];
+}
+
+QVector<int> Installation::zonesOf(int unit) const
+{
+    QVector<int> holding;
+    for (const Zone& zone : zones) {
+        if (zone.units.contains(unit)) {
+            holding.append(zone.id);
+        }
+    }
+    return holding;
 }
 
 QStringList Installation::accountsOf(const QString& role) const

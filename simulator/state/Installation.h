@@ -17,7 +17,9 @@ public:
     QVector<Playlist> playlists;
     QVector<Track> tracks;
     QVector<Playback> playbacks;
-    int lastPlayback = 0; ///< the highest id given so far
+    int lastPlayback = 0;    ///< the highest id given so far
+    int lastMemoryGroup = 0; ///< the highest id given so far
+    std::optional<Redirection> redirection;
     QVector<Task> tasks;
     QVector<Preset> presets;
     QVector<FirmwareImage> firmware;
@@ -27,17 +29,23 @@ public:
 
     /// Appends a unit; its id must be new.
     void addUnit(const Unit& unit);
+    /// Takes a unit out of the zones, presets, tasks and what plays on it. False for an unknown
+    /// one.
+    bool removeUnit(int id);
     const QVector<Unit>& allUnits() const { return units; }
 
     Unit* unit(int id);
     const Unit* unit(int id) const;
+    Zone* zone(int id);
     const Zone* zone(int id) const;
     const Playlist* playlist(int id) const;
     const Track* track(int id) const;
     Playback* playback(int id);
     const Playback* playback(int id) const;
     const Preset* preset(int id) const;
+    Role* role(const QString& name);
     const Role* role(const QString& name) const;
+    Account* account(const QString& name);
     const Account* account(const QString& name) const;
 
     /// Tracks of a folder in their order.
@@ -52,6 +60,8 @@ public:
     QString playbackWord(const Unit& unit) const;
     /// Names of the accounts that belong to a role.
     QStringList accountsOf(const QString& role) const;
+    /// Ids of the zones that hold a unit.
+    QVector<int> zonesOf(int unit) const;
 
 private:
     QVector<Unit> units;

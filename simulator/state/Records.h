@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <optional>
+
 namespace simulator
 {
 
@@ -34,6 +36,14 @@ struct MemoryScenario {
     int repeat = 0;          ///< seconds between two repeats
 };
 
+/// What a unit plays from its own memory.
+struct MemoryRun {
+    int group = 0;
+    bool message = true; ///< else an announcement, which repeats until it is stopped
+    int position = 0;
+    QDateTime since;
+};
+
 /// One network loudspeaker unit.
 struct Unit {
     int id = 0;
@@ -55,6 +65,7 @@ struct Unit {
     int playback = 0;          ///< id of the Playback addressed to it, 0 for none
     QVector<MemoryMessage> messages;
     QVector<MemoryScenario> scenarios;
+    std::optional<MemoryRun> memoryRun;
     int availableMemory = 0; ///< bytes
     QString memoryStamp;
 };
@@ -113,6 +124,13 @@ struct Playback {
     QVector<int> units; ///< ids it is addressed to
     int pass = 0;       ///< repeats that are done
     int task = 0;       ///< id of the task that started it, 0 for none
+};
+
+/// Somebody speaks live. There is one at a time.
+struct Redirection {
+    QString type;       ///< "microphone" or "alarm"
+    QVector<int> units; ///< ids
+    int speaker = 0;    ///< number of the session that speaks
 };
 
 /// A scheduled event: a play event, or the stop event that belongs to one.

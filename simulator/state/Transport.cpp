@@ -10,8 +10,8 @@ namespace
 {
 
 /// Importance of the category roots, from 1 on: alarms before gongs before announcements before
-/// advertising before everything else.
-constexpr std::array<int, 7> importances{0, 0, 1, 2, 0, 4, 3};
+/// advertising before everything else. Between them rank those who speak live.
+constexpr std::array<int, 7> importances{0, 0, 1, 2, 0, alarmMessageRank, 3};
 
 int importanceOf(const Installation& installation, int playlist)
 {
@@ -35,46 +35,86 @@ std::optional<int> trackOf(const Installation& installation, const StartOrder& o
     return track ? std::optional<int>(track->id) : std::nullopt;
 }
 
-/// Why the units can't be taken, empty when they can; leaves in `units` those that will be.
-QString settle(const Installation& installation, const StartOrder& order, QVector<int>& units)
+/// Those of the units that are connected, each once.
+QVector<int> reachable(const Installation& installation, const QVector<int>& units)
 {
-    const int importance = importanceOf(installation, order.playlist);
+    QVector<int> connected;
+    for (int id : units) {
+        const Unit* unit = installation.unit(id);
+        if (unit && unit->link == Link::Bidirectional && !connected.contains(id)) {
+            connected.append(id);
+        }
+    }
+    return connected;
+}
+
+/// The latest playback that is addressed to a unit, 0 for none.
+int addressing(const Installation& installation, int unit)
+{
+    int latest = 0;
+    for (const Playback& playback : installation.playbacks) {
+        latest = playback.units.contains(unit) ? playback.id : latest;
+    }
+    return latest;
+}
+
+bool isGong(const Installation& installation, int playlist)
+{
+    constexpr int gongs = 7;
+    const Playlist* folder = installation.playlist(playlist);
+    return folder && folder->group == gongs;
+}
+
+/// A gong leaves what it interrupts in place, but for another gong.
+QVector<int> makeRoom(Installation& installation, int unit, bool forGong)
+{
+    const Playback* running = installation.playback(installation.unit(unit)->playback);
+    return forGong && running && !isGong(installation, running->playlist)
+               ? QVector<int>()
+               : freeUnit(installation, unit);
+}
+
+} // namespace
+
+int rankOf(const Redirection& redirection)
+{
+    return redirection.type == "alarm" ? alarmRank : microphoneRank;
+}
+
+int rankOn(const Installation& installation, int unit)
+{
+    if (installation.redirection && installation.redirection->units.contains(unit)) {
+        return rankOf(*installation.redirection);
+    }
+    if (installation.unit(unit)->memoryRun) {
+        return memoryRank;
+    }
+    const Playback* running = installation.playback(installation.unit(unit)->playback);
+    return running ? importanceOf(installation, running->playlist) : -1;
+}
+
+QString settle(const Installation& installation, int rank, const QString& strategy,
+               QVector<int>& units)
+{
+    units = reachable(installation, units);
     QVector<int> free;
     bool outranked = false;
     for (int id : units) {
-        const Playback* running = installation.playback(installation.unit(id)->playback);
-        if (!running) {
+        const int there = rankOn(installation, id);
+        outranked = outranked || there > rank;
+        if (there < 0) {
             free.append(id);
-        } else {
-            outranked = outranked || importanceOf(installation, running->playlist) > importance;
         }
     }
-    if (order.strategy == "partial") {
+    if (strategy == "partial") {
         units = free;
     } else if (outranked) {
         return "lowPriority";
-    } else if (order.strategy != "overlap" && free.size() < units.size()) {
+    } else if (strategy != "overlap" && free.size() < units.size()) {
         return "overlap";
     }
     return units.isEmpty() ? "noDevices" : "";
 }
-
-/// Takes the unit from what it plays; the playback that lost its last unit is ended and told.
-void release(Installation& installation, Unit& unit, QVector<int>& ended)
-{
-    Playback* running = installation.playback(unit.playback);
-    unit.playback = 0;
-    if (!running) {
-        return;
-    }
-    running->units.removeAll(unit.id);
-    if (running->units.isEmpty()) {
-        ended.append(running->id);
-        endPlayback(installation, running->id);
-    }
-}
-
-} // namespace
 
 StartResult startPlayback(Installation& installation, const StartOrder& order)
 {
@@ -84,27 +124,25 @@ StartResult startPlayback(Installation& installation, const StartOrder& order)
         result.refusal = "playbackError";
         return result;
     }
-    for (int id : order.units) {
-        const Unit* unit = installation.unit(id);
-        if (unit && unit->link == Link::Bidirectional && !result.units.contains(id)) {
-            result.units.append(id);
-        }
-    }
-    result.refusal = settle(installation, order, result.units);
+    result.units = order.units;
+    result.refusal = settle(installation, importanceOf(installation, order.playlist),
+                            order.strategy, result.units);
     if (!result.refusal.isEmpty()) {
         return result;
     }
     result.playback = ++installation.lastPlayback;
     result.track = *track;
+    const bool gong = isGong(installation, order.playlist);
+    const bool live = installation.redirection.has_value();
     for (int id : result.units) {
-        Unit& unit = *installation.unit(id);
-        release(installation, unit, result.ended);
-        unit.playback = result.playback;
+        result.ended += makeRoom(installation, id, gong);
+        installation.unit(id)->playback = result.playback;
     }
+    result.silenced = live && !installation.redirection;
     Playback playback;
     playback.id = result.playback;
     playback.playlist = order.playlist;
-    playback.repetition = order.repetition;
+    playback.repetition = gong ? Repetition{"track", 0, "stop"} : order.repetition;
     playback.units = result.units;
     playTrack(playback, *track, 0);
     installation.playbacks.append(playback);
@@ -118,11 +156,36 @@ bool endPlayback(Installation& installation, int id)
     if (place == installation.playbacks.end()) {
         return false;
     }
-    for (int unitId : place->units) {
-        installation.unit(unitId)->playback = 0;
-    }
+    const QVector<int> units = place->units;
     installation.playbacks.erase(place);
+    for (int unit : units) {
+        if (installation.unit(unit)->playback == id) {
+            installation.unit(unit)->playback = addressing(installation, unit);
+        }
+    }
     return true;
+}
+
+QVector<int> freeUnit(Installation& installation, int unit)
+{
+    QVector<int> ended;
+    for (Playback& playback : installation.playbacks) {
+        if (playback.units.removeAll(unit) > 0 && playback.units.isEmpty()) {
+            ended.append(playback.id);
+        }
+    }
+    for (int id : ended) {
+        endPlayback(installation, id);
+    }
+    std::optional<Redirection>& live = installation.redirection;
+    if (live && live->units.removeAll(unit) > 0 && live->units.isEmpty()) {
+        live.reset();
+    }
+    if (Unit* freed = installation.unit(unit)) {
+        freed->playback = 0;
+        freed->memoryRun.reset();
+    }
+    return ended;
 }
 
 void playTrack(Playback& playback, int track, int position)

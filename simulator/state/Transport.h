@@ -5,6 +5,17 @@
 namespace simulator
 {
 
+/// Ranks of what a unit plays from its memory, of those who speak live and of the alarm messages
+/// between them; music has 0, a gong 3.
+constexpr int memoryRank = 2;
+constexpr int microphoneRank = 4;
+constexpr int alarmMessageRank = 5;
+constexpr int alarmRank = 6;
+
+int rankOf(const Redirection& redirection);
+/// How important what a unit carries is, -1 for nothing.
+int rankOn(const Installation& installation, int unit);
+
 /// What somebody wants to hear, and where.
 struct StartOrder {
     int playlist = 0;
@@ -19,17 +30,29 @@ struct StartResult {
     QString refusal; ///< the wire word, empty when it runs
     int playback = 0;
     int track = 0;
-    QVector<int> units; ///< those that carry it
-    QVector<int> ended; ///< playbacks that lost their last unit to it
+    QVector<int> units;    ///< those that carry it
+    QVector<int> ended;    ///< playbacks that lost their last unit to it
+    bool silenced = false; ///< it ended who spoke live
 };
+
+/// What is to be done with one that wants `units`, of a rank, and with what strategy: the wire word
+/// of the refusal as for startPlayback(), empty when it may; `units` are then those that it gets.
+QString settle(const Installation& installation, int rank, const QString& strategy,
+               QVector<int>& units);
 
 /// Starts a playback on those of the units that are connected. Refuses with "playbackError" for an
 /// unknown track, "noDevices" when no unit is left, "lowPriority" when a unit plays something more
-/// important, "overlap" when units are busy and the order doesn't say what to do with them.
+/// important, "overlap" when units are busy and the order doesn't say what to do with them. A gong
+/// sounds once, and what it interrupts goes on behind it.
 StartResult startPlayback(Installation& installation, const StartOrder& order);
 
-/// Ends a playback and frees its units. False for an unknown one.
+/// Ends a playback and frees its units, or gives them back to what it interrupted. False for an
+/// unknown one.
 bool endPlayback(Installation& installation, int id);
+
+/// Takes a unit from all that it plays, hears live or that waits on it. Gives the playbacks that
+/// lost their last unit and ended by it.
+QVector<int> freeUnit(Installation& installation, int unit);
 
 /// Sets the track of a playback and its place in it, in seconds, and lets it run.
 void playTrack(Playback& playback, int track, int position);

@@ -17,9 +17,13 @@ private Q_SLOTS:
     void consolesHearOfEachOther();
     void lostUnitsComeBackAndJoinTheirPlayback();
     void tracksFollowEachOther();
+    void somebodyElsePlaysMusicAndStopsIt();
     void sameSeedGivesTheSameEvents();
     void typedCommands_data();
     void typedCommands();
+    void typedChangesOfTheInstallation_data();
+    void typedChangesOfTheInstallation();
+    void typedUnitAppears();
     void typedMistakesAreToldAndChangeNothing_data();
     void typedMistakesAreToldAndChangeNothing();
     void typedDropEndsEveryConnection();
@@ -132,6 +136,23 @@ void TestLife::tracksFollowEachOther()
     QCOMPARE(server->installation().playback(1)->track, 101); // a live stream has no end
 }
 
+void TestLife::somebodyElsePlaysMusicAndStopsIt()
+{
+    ServerFixture server;
+    Client client(server->port());
+    QVERIFY(client.logIn("admin"));
+    simulator::Life life(*server, 1);
+    int most = 2;
+    const auto& playbacks = server->installation().playbacks;
+    for (int steps = 0; steps < 2000 && !(most > 2 && playbacks.size() == 2); ++steps) {
+        life.step();
+        most = std::max(most, int(playbacks.size()));
+    }
+    QCOMPARE(most, 3);
+    QCOMPARE(int(playbacks.size()), 2);
+    QVERIFY(client.takePush("stop").value("id").toInt() > 2);
+}
+
 void TestLife::sameSeedGivesTheSameEvents()
 {
     const auto pushes = [](quint32 seed) {
@@ -164,6 +185,69 @@ void TestLife::typedCommands_data()
                              << "batteryLevel" << QJsonValue(17);
     QTest::newRow("case") << "case 3 open"
                           << "case" << QJsonValue("open");
+}
+
+void TestLife::typedChangesOfTheInstallation_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QVector<QJsonObject>>("pushes");
+    const auto moved = [](const char* action, int zone, int unit) {
+        return QJsonObject{
+            {"request", "zone"}, {"action", action}, {"zoneId", zone}, {"deviceId", unit}};
+    };
+    QTest::newRow("right") << "right operators deviceManagement read"
+                           << QVector<QJsonObject>{{{"request", "role"},
+                                                    {"action", "reloadChanges"},
+                                                    {"name", "operators"}}};
+    QTest::newRow("switch") << "right admin alarm off"
+                            << QVector<QJsonObject>{{{"request", "role"},
+                                                     {"action", "reloadChanges"},
+                                                     {"name", "admin"}}};
+    QTest::newRow("role") << "role guard viewers"
+                          << QVector<QJsonObject>{
+                                 {{"request", "user"}, {"action", "reloadChanges"}}};
+    QTest::newRow("other physical zone")
+        << "zone 3 4"
+        << QVector<QJsonObject>{moved("includeDevice", 4, 3), moved("excludeDevice", 3, 3)};
+    QTest::newRow("logical zone") << "zone 3 6"
+                                  << QVector<QJsonObject>{moved("includeDevice", 6, 3)};
+    QTest::newRow("remove") << "remove 3" << QVector<QJsonObject>{moved("excludeDevice", 0, 3)};
+    QTest::newRow("remove the last that plays")
+        << "remove 21" << QVector<QJsonObject>{moved("excludeDevice", 0, 21)};
+}
+
+void TestLife::typedChangesOfTheInstallation()
+{
+    QFETCH(QString, line);
+    QFETCH(QVector<QJsonObject>, pushes);
+    ServerFixture server;
+    Client client(server->port());
+    QVERIFY(client.logIn("admin"));
+    QCOMPARE(simulator::Prompt(*server).execute(line), QString("ok"));
+    client.ask("user", "getInfo");
+    for (QJsonObject& push : client.pushes) {
+        push.remove("order");
+    }
+    QCOMPARE(client.pushes, pushes);
+}
+
+void TestLife::typedUnitAppears()
+{
+    ServerFixture server;
+    Client client(server->port());
+    QVERIFY(client.logIn("admin"));
+    QCOMPARE(simulator::Prompt(*server).execute("unit  Новый зал"), QString("ok"));
+    const int id = client.takePush("setState").value("deviceId").toInt();
+    QCOMPARE(id, 25);
+    QCOMPARE(client.ask("device", "getTitle", {{"id", id}}).value("title"),
+             QJsonValue("Новый зал"));
+    QVERIFY(client.ask("zone", "list")
+                .value("devices")
+                .toArray()
+                .contains(QJsonObject{{"id", id}, {"parentId", 1}}));
+    QCOMPARE(simulator::Prompt(*server).execute("line 25 17 break"), QString("ok"));
+    QCOMPARE(client.takePush("setState").value("lines").toArray().last()["state"],
+             QJsonValue("break"));
 }
 
 void TestLife::typedCommands()
@@ -199,6 +283,18 @@ void TestLife::typedMistakesAreToldAndChangeNothing_data()
                                   << "Usage: battery";
     QTest::newRow("no number") << "slow down"
                                << "Usage: slow";
+    QTest::newRow("level for a switch") << "right admin alarm read"
+                                        << "Usage: right";
+    QTest::newRow("unknown level") << "right admin roleManagement much"
+                                   << "Usage: right";
+    QTest::newRow("unknown role") << "role admin kings"
+                                  << "Usage: role";
+    QTest::newRow("no title") << "unit"
+                              << "Usage: unit";
+    QTest::newRow("unknown line") << "line 3 99 ok"
+                                  << "Usage: line";
+    QTest::newRow("already there") << "zone 3 3"
+                                   << "Usage: zone";
     QTest::newRow("help") << "help"
                           << "link <unit> no|incoming|bidirectional";
 }

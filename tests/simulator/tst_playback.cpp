@@ -19,6 +19,8 @@ private Q_SLOTS:
     void startIsSeenByTheOthers();
     void playbackEndsWithItsLastUnit();
     void stops();
+    void gongSoundsOnceOverTheMusic_data();
+    void gongSoundsOnceOverTheMusic();
     void pausesWhereItIs();
     void playsAnotherTrack_data();
     void playsAnotherTrack();
@@ -28,6 +30,9 @@ private Q_SLOTS:
     void presets_data();
     void presets();
     void hiddenPlaybacksAreUnknown();
+    void playsFromMemory_data();
+    void playsFromMemory();
+    void memoryGivesWay();
 
 private:
     QJsonObject play(int playlist, int track, const QJsonArray& units,
@@ -147,6 +152,9 @@ void TestPlayback::startIsSeenByTheOthers()
             QCOMPARE(unit["playback"], QJsonValue("ad"));
         }
     }
+    const QJsonObject push = other->takePush("setState");
+    QCOMPARE(push.value("deviceId"), QJsonValue(3));
+    QCOMPARE(push.value("playback"), QJsonValue("ad"));
     QVERIFY(asking->pushes.isEmpty());
 }
 
@@ -171,6 +179,34 @@ void TestPlayback::stops()
     const QJsonObject next = play(22, 111, {2, 8});
     QCOMPARE(word(next), QString("success"));
     QCOMPARE(next.value("playbackId"), QJsonValue(3)); // ids are not given twice
+}
+
+void TestPlayback::gongSoundsOnceOverTheMusic_data()
+{
+    QTest::addColumn<bool>("stopped");
+    QTest::newRow("to its end") << false;
+    QTest::newRow("stopped by hand") << true;
+}
+
+void TestPlayback::gongSoundsOnceOverTheMusic()
+{
+    QFETCH(bool, stopped);
+    const int gong = play(7, 171, {2, 3}, "overlap", {{"repeats", 5}}).value("playbackId").toInt();
+    QCOMPARE(entryOf(gong).value("activeDevices"), QJsonValue(QJsonArray{2, 3}));
+    QCOMPARE(entryOf(2).value("activeDevices"), QJsonValue(QJsonArray{8}));
+    QCOMPARE(other->takePush("setState").value("playback"), QJsonValue("gong"));
+    if (stopped) {
+        QCOMPARE(word(asking->ask("playback", "stop", {{"playbackId", gong}})), QString("success"));
+    } else {
+        simulator::Playback* playback = (*server)->installation().playback(gong);
+        playback->since = playback->since.addSecs(-4);
+        simulator::Life(**server, 1).step();
+    }
+    QCOMPARE(other->takePush("stop").value("id"), QJsonValue(gong));
+    QCOMPARE(other->takePush("setState").value("playback"), QJsonValue("playlist"));
+    QCOMPARE(other->takePush("setState").value("playback"), QJsonValue("none"));
+    QVERIFY(!asking->takePush("play").isEmpty());
+    QCOMPARE(entryOf(2).value("activeDevices"), QJsonValue(QJsonArray{2, 8}));
 }
 
 void TestPlayback::pausesWhereItIs()
@@ -324,6 +360,62 @@ void TestPlayback::hiddenPlaybacksAreUnknown()
     QCOMPARE(word(guard.ask("playback", "play",
                             {{"playlistId", 22}, {"trackId", 111}, {"devices", QJsonArray{3}}})),
              QString("playbackError"));
+}
+
+void TestPlayback::playsFromMemory_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<int>("position");
+    QTest::addColumn<bool>("ends");
+    QTest::newRow("message") << "playMessage"
+                             << "message" << 2 << true;
+    QTest::newRow("announcement") << "playScenario"
+                                  << "scenario" << 1 << false;
+}
+
+/// A message sounds once, an announcement until it is stopped.
+void TestPlayback::playsFromMemory()
+{
+    QFETCH(QString, action);
+    QFETCH(QString, type);
+    QFETCH(int, position);
+    QFETCH(bool, ends);
+    const auto groups = [this] {
+        return other->ask("device", "getPlays", {{"id", 8}})["playbackGroups"].toArray();
+    };
+    QCOMPARE(word(asking->ask("device", action, {{"id", 8}, {"position", 3}})), QString("error"));
+    QCOMPARE(word(asking->ask("device", action, {{"id", 18}, {"position", 0}})), QString("error"));
+    const int group =
+        asking->ask("device", action, {{"id", 8}, {"position", position}})["playbackGroupId"]
+            .toInt();
+    QVERIFY(group > 0);
+    QCOMPARE(other->takePush("setState").value("playback"), QJsonValue(type));
+    QCOMPARE(other->takePush("startTranslation").value("deviceId"), QJsonValue(8));
+    QCOMPARE(
+        groups(),
+        (QJsonArray{QJsonObject{
+            {"id", group}, {"type", type}, {"position", position}, {"devices", QJsonArray{8}}}}));
+    QCOMPARE(entryOf(2).value("activeDevices"), QJsonValue(QJsonArray{2}));
+
+    simulator::Unit& unit = *(*server)->installation().unit(8);
+    unit.memoryRun->since = unit.memoryRun->since.addSecs(-100);
+    simulator::Life(**server, 1).step();
+    QCOMPARE(groups().isEmpty(), ends);
+    const QJsonObject stop{{"id", 8}, {"playbackGroupId", group}};
+    QCOMPARE(word(asking->ask("device", "stop", stop)), QString(ends ? "error" : "success"));
+    QVERIFY(groups().isEmpty());
+    QCOMPARE(other->takePush("setState").value("playback"), QJsonValue("none"));
+}
+
+void TestPlayback::memoryGivesWay()
+{
+    const QJsonObject message{{"id", 3}, {"position", 0}};
+    QCOMPARE(word(asking->ask("device", "playMessage", message)), QString("success"));
+    QCOMPARE(word(play(22, 111, {3}, "overlap")), QString("lowPriority"));
+    QCOMPARE(word(play(27, 161, {3}, "overlap")), QString("success"));
+    QVERIFY(!(*server)->installation().unit(3)->memoryRun);
+    QCOMPARE(word(asking->ask("device", "playMessage", message)), QString("playing"));
 }
 
 QTEST_GUILESS_MAIN(TestPlayback)

@@ -1,0 +1,188 @@
+#include "simulator/commands/CommandTable.h"
+#include "simulator/commands/PlayFields.h"
+#include "simulator/state/Rights.h"
+
+#include <QJsonArray>
+
+#include <algorithm>
+
+namespace simulator
+{
+
+namespace
+{
+
+constexpr int longestText = 32;
+
+bool isText(const QString& text)
+{
+    return !text.isEmpty() && text.size() <= longestText;
+}
+
+void tell(Context& context, const QString& role)
+{
+    context.pushToOthers(makePush("role", "reloadChanges", {{"name", role}}));
+}
+
+QJsonObject add(Context& context, const QJsonObject& request)
+{
+    Role role;
+    role.name = request.value("name").toString();
+    role.title = request.value("title").toString();
+    QVector<Role>& roles = context.installation().roles;
+    if (!isText(role.name) || role.name.contains(' ') || !isText(role.title) ||
+        context.installation().role(role.name)) {
+        return refusal("error");
+    }
+    if (std::any_of(roles.begin(), roles.end(),
+                    [&role](const Role& other) { return other.title == role.title; })) {
+        return refusal("titleExists");
+    }
+    roles.append(role);
+    tell(context, role.name);
+    return success();
+}
+
+QJsonObject edit(Context& context, const QJsonObject& request)
+{
+    Role* role = context.installation().role(request.value("name").toString());
+    const QString title = request.value("title").toString();
+    if (!role || !isText(title)) {
+        return refusal("error");
+    }
+    role->title = title;
+    tell(context, role->name);
+    return success();
+}
+
+/// Its accounts are left without a role. The role that one works with stays.
+QJsonObject remove(Context& context, const QJsonObject& request)
+{
+    const QString name = request.value("name").toString();
+    Installation& installation = context.installation();
+    if (!installation.role(name) || name == administratorName || name == context.role()->name) {
+        return refusal("error");
+    }
+    installation.roles.erase(
+        std::remove_if(installation.roles.begin(), installation.roles.end(),
+                       [&name](const Role& role) { return role.name == name; }),
+        installation.roles.end());
+    for (Account& account : installation.accounts) {
+        if (account.role == name) {
+            account.role.clear();
+        }
+    }
+    tell(context, context.role()->name);
+    context.pushToOthers(reloadPush("user"));
+    return success();
+}
+
+/// Ids of an array of numbers, or of objects with an `id`.
+QVector<int> idsIn(const QJsonValue& array)
+{
+    QJsonArray ids;
+    for (const QJsonValue& value : array.toArray()) {
+        ids.append(value.isObject() ? value["id"] : value);
+    }
+    return fromArray(ids);
+}
+
+struct ListKey {
+    const char* key;
+    QVector<int> Role::*ids;
+};
+
+constexpr ListKey zoneKey{"zones", &Role::zoneIds};
+constexpr ListKey playlistKey{"playlists", &Role::playlistIds};
+constexpr ListKey presetKey{"presets", &Role::presetIds};
+constexpr ListKey taskKey{"tasks", &Role::taskIds};
+
+bool takeList(Role& role, const QJsonObject& request, const ListKey& list)
+{
+    // A role without limits has them all; its list says nothing.
+    if (!role.seesAll) {
+        role.*list.ids = idsIn(request.value(list.key));
+    }
+    return request.value(list.key).isArray();
+}
+
+bool takeRights(Role& role, const QJsonObject& request, const QJsonObject& known)
+{
+    const QStringList keys = known.keys();
+    return std::all_of(keys.begin(), keys.end(), [&role, &request](const QString& key) {
+        return setRight(role, key, request.value(key));
+    });
+}
+
+/// Makes a change to the role of a request, all of it or, when it fails, nothing. The
+/// administrators keep what they may.
+template <typename Change>
+QJsonObject changeRole(Context& context, const QJsonObject& request, Change change)
+{
+    Role* role = context.installation().role(request.value("role").toString());
+    if (!role) {
+        return refusal("error");
+    }
+    Role changed = *role;
+    if (!change(changed)) {
+        return refusal("error");
+    }
+    if (role->name == administratorName && (managementRights(*role) != managementRights(changed) ||
+                                            broadcastRights(*role) != broadcastRights(changed))) {
+        return refusal("forbidden");
+    }
+    *role = changed;
+    tell(context, role->name);
+    return success();
+}
+
+template <const ListKey& list> QJsonObject setList(Context& context, const QJsonObject& request)
+{
+    return changeRole(context, request,
+                      [&request](Role& role) { return takeList(role, request, list); });
+}
+
+QJsonObject setRedirection(Context& context, const QJsonObject& request)
+{
+    return changeRole(context, request, [&request](Role& role) {
+        return takeRights(role, request, broadcastRights(role));
+    });
+}
+
+QJsonObject setServer(Context& context, const QJsonObject& request)
+{
+    return changeRole(context, request, [&request](Role& role) {
+        return takeRights(role, request, managementRights(role));
+    });
+}
+
+QJsonObject setPermissions(Context& context, const QJsonObject& request)
+{
+    return changeRole(context, request, [&request](Role& role) {
+        return takeRights(role, request, managementRights(role)) &&
+               takeList(role, request, zoneKey) && takeList(role, request, playlistKey) &&
+               takeList(role, request, presetKey) && takeList(role, request, taskKey);
+    });
+}
+
+} // namespace
+
+Commands roleEditingCommands()
+{
+    const QLatin1String role("role");
+    const Need need{Right::Roles, Level::Administration};
+    return {
+        {role, QLatin1String("add"), need, add},
+        {role, QLatin1String("edit"), need, edit},
+        {role, QLatin1String("delete"), need, remove},
+        {role, QLatin1String("setRedirection"), need, setRedirection},
+        {role, QLatin1String("setServer"), need, setServer},
+        {role, QLatin1String("setZones"), need, setList<zoneKey>},
+        {role, QLatin1String("setPlaylist"), need, setList<playlistKey>},
+        {role, QLatin1String("setPreset"), need, setList<presetKey>},
+        {role, QLatin1String("setTasks"), need, setList<taskKey>},
+        {role, QLatin1String("setPermissions"), need, setPermissions},
+    };
+}
+
+} // namespace simulator
