@@ -54,8 +54,8 @@ namespace
 
 constexpr int sampleRate = 44100;
 
-/// The part of the energy that lies at one frequency, from 0 to 1. Looked at in pieces of a tenth of
-/// a second, so that the clocks of source and stream needn't agree to the last digit.
+/// The part of the energy that lies at one frequency, from 0 to 1. Looked at in pieces of a tenth
+/// of a second, so that the clocks of source and stream needn't agree to the last digit.
 double shareAt(double hertz, const QVector<qint16>& samples)
 {
     constexpr double pi = 3.14159265358979323846;
@@ -114,7 +114,7 @@ void StreamTest::init()
     Data::audioManager = audio.get();
     Wiring::joinAudio();
     server = std::make_unique<QUdpSocket>();
-    QVERIFY(server->bind(QHostAddress::LocalHost));
+    QVERIFY2(server->bind(QHostAddress::LocalHost), qPrintable(server->errorString()));
     Fleet::takeRequests();
 }
 
@@ -226,7 +226,7 @@ void StreamTest::secondStartReplacesTheFirst()
 {
     startAndListen();
     server = std::make_unique<QUdpSocket>();
-    QVERIFY(server->bind(QHostAddress::LocalHost));
+    QVERIFY2(server->bind(QHostAddress::LocalHost), qPrintable(server->errorString()));
     startAndListen();
     QVERIFY(audio->isPlayed());
 }
