@@ -16,6 +16,7 @@ namespace
 {
 
 constexpr int highestPort = 65535;
+constexpr int inputWatchMilliseconds = 1000;
 constexpr int fullVolume = 100;
 
 int storedVolume(const QString& key)
@@ -31,7 +32,11 @@ int microphoneVolume()
 
 } // namespace
 
-AudioManager::AudioManager() = default;
+AudioManager::AudioManager()
+{
+    inputWatch.setInterval(inputWatchMilliseconds);
+}
+
 AudioManager::~AudioManager() = default;
 
 void AudioManager::start(QJsonObject reply)
@@ -56,6 +61,7 @@ void AudioManager::start(QJsonObject reply)
     }
     connect(stream.get(), &CapturePlayer::failed, this, &AudioManager::streamFailed);
     played = true;
+    watchInput(input);
     Page::call("modalAudioTranslationStarted");
     Page::call("wrapperInput_playback_setMicrophoneVolume", microphoneVolume());
 }
@@ -89,6 +95,7 @@ void AudioManager::setPlayed(bool value)
 {
     played = value;
     if (!played) {
+        inputWatch.stop();
         stream.reset();
     }
 }
@@ -97,6 +104,21 @@ void AudioManager::release()
 {
     setPlayed(false);
     test.reset();
+}
+
+// The media library doesn't tell when the sound server takes a source away: it goes on, silent.
+void AudioManager::watchInput(const QString& input)
+{
+    if (!Capture::isPresent(input)) {
+        return;
+    }
+    inputWatch.disconnect();
+    connect(&inputWatch, &QTimer::timeout, this, [this, input] {
+        if (!Capture::isPresent(input)) {
+            streamFailed();
+        }
+    });
+    inputWatch.start();
 }
 
 void AudioManager::streamFailed()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 
 #include <memory>
 
@@ -35,10 +36,12 @@ public:
     void release();
 
 private:
+    void watchInput(const QString& input);
     void streamFailed();
     void testFailed();
 
     std::unique_ptr<CapturePlayer> stream;
     std::unique_ptr<CapturePlayer> test;
+    QTimer inputWatch; ///< runs with a stream of a named input
     bool played = false;
 };

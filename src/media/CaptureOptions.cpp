@@ -2,6 +2,8 @@
 
 #include <QAudioDeviceInfo>
 
+#include <algorithm>
+
 namespace Capture
 {
 
@@ -52,17 +54,22 @@ QByteArray liveCaching(int milliseconds)
     return ":live-caching=" + QByteArray::number(milliseconds);
 }
 
+/// The input of that name; a null one where there is none.
+QAudioDeviceInfo inputNamed(const QString& input)
+{
+    const auto devices = QAudioDeviceInfo::availableDevices(QAudio::AudioInput);
+    const auto found =
+        std::find_if(devices.begin(), devices.end(), [&input](const QAudioDeviceInfo& device) {
+            return device.deviceName() == input;
+        });
+    return found == devices.end() ? QAudioDeviceInfo() : *found;
+}
+
 #ifndef Q_OS_WIN
 /// The list of inputs joins those of both sound systems; each knows where it comes from.
 Backend backendOf(const QString& input)
 {
-    const auto devices = QAudioDeviceInfo::availableDevices(QAudio::AudioInput);
-    for (const QAudioDeviceInfo& device : devices) {
-        if (device.deviceName() == input) {
-            return device.realm() == QLatin1String("alsa") ? Backend::Alsa : Backend::PulseAudio;
-        }
-    }
-    return Backend::PulseAudio;
+    return inputNamed(input).realm() == QLatin1String("alsa") ? Backend::Alsa : Backend::PulseAudio;
 }
 #endif
 
@@ -113,6 +120,11 @@ CaptureOptions test(const QString& input)
 #else
     return linuxTest(input, backendOf(input));
 #endif
+}
+
+bool isPresent(const QString& input)
+{
+    return !inputNamed(input).isNull();
 }
 
 } // namespace Capture

@@ -29,4 +29,7 @@ CaptureOptions linuxTest(const QString& input, Backend backend);
 CaptureOptions stream(const QString& input, const QString& address, int port);
 CaptureOptions test(const QString& input);
 
+/// Whether the system has an input of that name now.
+bool isPresent(const QString& input);
+
 } // namespace Capture
