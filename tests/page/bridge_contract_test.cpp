@@ -47,11 +47,6 @@ const QMap<QString, QString> slotsWithoutPage = {
 /// Beginnings of slots and functions whose pages are still to come: the side that exists is tested
 /// by itself. A page takes its row away.
 const QVector<QPair<const char*, const char*>> pagesToCome = {
-    {"settings_media_", "settings of the sound"},
-    {"settings_volume_", "settings of the sound"},
-    {"settingsAudioError", "settings of the sound"},
-    {"wrapperInput_settings_", "settings of the sound"},
-    {"loadVolume", "settings of the sound"},
     {"deviceInfo_includeToZone", "device administration"},
     {"deviceInfo_excludeFromZone", "device administration"},
     {"deviceInfo_cleanMessageList", "unit memory"},

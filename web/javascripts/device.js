@@ -116,6 +116,7 @@ function showOnlyCards(selector, emptyText) {
             .text(".zone_device { display: none; } " + (selector ? selector + " { display: block; }" : ""))
             .appendTo("head");
     }
+    showNearTiles();
     showEmptyList();
 }
 

@@ -50,6 +50,7 @@ function addCard(id, name, status, content, action) {
     $("<div class='zone_device tile'>")
         .attr("id", "device_" + id)
         .addClass("device_" + id)
+        .toggleClass("near", $("#main_kelpa_list").children().length < nearAtFirst)
         .append(
             $("<div class='kelpa_item'>")
                 .attr("id", "device_border_" + id)
@@ -59,6 +60,7 @@ function addCard(id, name, status, content, action) {
                 })
         )
         .appendTo("#main_kelpa_list");
+    wallHasChanged();
     showLink(id, status);
 }
 
@@ -75,6 +77,7 @@ function wrapperInput_device_add(id, name, status, volume, playback, zonePermiss
 
 function wrapperInput_device_delete(id) {
     $(".device_" + id).remove();
+    wallHasChanged();
     showEmptyList();
     showSelection();
 }
@@ -144,11 +147,13 @@ function wrapperInput_device_setTask(id, taskId, title) {
 
 function wrapperInput_zone_includeDevice(zoneId, deviceId) {
     $("#device_" + deviceId).addClass("zone_device_" + zoneId);
+    wallHasChanged();
     showEmptyList();
 }
 
 function wrapperInput_zone_excludeDevice(zoneId, deviceId) {
     $("#device_" + deviceId).removeClass("zone_device_" + zoneId);
+    wallHasChanged();
     showEmptyList();
 }
 
