@@ -14,6 +14,7 @@ void joinView()
 {
     WebView* const view = Data::webView;
     Page::setSink([view](const QString& script) { view->runJavascript(script); });
+    Data::tcpClient.setReadHook([view](bool isReading) { view->collectScripts(isReading); });
     Data::tcpClient.setSessionEndHook([view] {
         if (Data::audioManager) {
             Data::audioManager->release();

@@ -7,6 +7,7 @@
 
 #include <QHostAddress>
 #include <QJsonDocument>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QSslError>
 #include <QSslSocket>
@@ -35,6 +36,11 @@ void TcpClient::addParser(NetworkParser* messageParser)
 void TcpClient::setSessionEndHook(std::function<void()> hook)
 {
     onSessionEnd = std::move(hook);
+}
+
+void TcpClient::setReadHook(std::function<void(bool)> hook)
+{
+    onRead = std::move(hook);
 }
 
 bool TcpClient::connectToServer(const QString& host, int port)
@@ -173,6 +179,14 @@ void TcpClient::readMessage()
     const int connection = connectionCount;
     // What the handlers write leaves right after them; nobody else needs to be called for it.
     const QScopedValueRollback<bool> inRead(reading, true);
+    if (onRead) {
+        onRead(true);
+    }
+    const auto tellEnd = qScopeGuard([this] {
+        if (onRead) {
+            onRead(false);
+        }
+    });
     splitter.feed(socket->readAll());
     for (;;) {
         switch (splitter.next()) {

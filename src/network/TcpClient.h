@@ -35,6 +35,8 @@ public:
     void addParser(NetworkParser* messageParser);
     /// What ends a session above the network, run by `exit` after the connection is closed.
     void setSessionEndHook(std::function<void()> hook);
+    /// Is called with true before the objects of one read are handled, and with false behind them.
+    void setReadHook(std::function<void(bool)> hook);
 
     /// Connects over TLS, blocking for 3 seconds at most while the connection and the handshake
     /// are made. The peer's certificate is asked for and never judged. False, with log lines, when
@@ -78,4 +80,5 @@ private:
     bool writingScheduled = false;
     bool reading = false; ///< objects are being handled; what they write leaves after each
     std::function<void()> onSessionEnd;
+    std::function<void(bool)> onRead;
 };

@@ -9,8 +9,8 @@ class Device;
 
 /// Shows the units of the mirror on a page, a portion at each turn of the event loop: a thousand
 /// tiles take the web engine the better part of a second, and a click in between mustn't wait for
-/// the last of them. A unit that goes meanwhile is left out; one that changes is shown as it is when
-/// its turn comes.
+/// the last of them. A unit that goes meanwhile is left out; one that changes is shown as it is
+/// when its turn comes.
 class DeviceReplay : public QObject
 {
     Q_OBJECT

@@ -45,10 +45,18 @@ bool isOnScreen(const QRect& window)
     });
 }
 
+/// Most calls are of functions that the page on show doesn't have; asking costs less than an error.
+QString onlyIfDefined(const QString& call)
+{
+    return QLatin1String("typeof ") + call.left(call.indexOf(QLatin1Char('('))) +
+           QLatin1String("==='function'&&") + call;
+}
+
 } // namespace
 
 WebView::WebView()
-    : blockTimer(new QTimer(this)), deviceReplay(new DeviceReplay(this)),
+    : blockTimer(new QTimer(this)),
+      deviceReplay(new DeviceReplay(this)),
       view(std::make_unique<QWebView>())
 {
     keepCachesSmall();
@@ -109,10 +117,21 @@ void WebView::runJavascript(const QString& text)
     if (Data::logger.isWritten(LogLevel::Debug)) {
         Data::logger.message(QStringLiteral("Command to Javascript: ") + text, LogLevel::Debug);
     }
-    // Most calls are of functions that the page on show doesn't have; asking costs less than an error.
-    const QString function = text.left(text.indexOf(QLatin1Char('(')));
-    documentElement.evaluateJavaScript(QLatin1String("typeof ") + function +
-                                       QLatin1String("==='function'&&") + text);
+    if (collecting) {
+        collectedScripts += QLatin1String("try{") + onlyIfDefined(text) +
+                            QLatin1String("}catch(error){console.error(error);}");
+    } else {
+        documentElement.evaluateJavaScript(onlyIfDefined(text));
+    }
+}
+
+void WebView::collectScripts(bool isCollecting)
+{
+    collecting = isCollecting;
+    const QString scripts = std::exchange(collectedScripts, QString());
+    if (!scripts.isEmpty()) {
+        documentElement.evaluateJavaScript(scripts);
+    }
 }
 
 void WebView::stopTimers()

@@ -25,6 +25,9 @@ public:
     QWebView* getView() const { return view.get(); }
     /// Ends the program, as the operator's closing of the window does.
     void closeWindow();
+    /// Holds scripts back while `isCollecting`, and then evaluates them in one go: a reply causes a
+    /// dozen. One that fails takes no other along.
+    void collectScripts(bool isCollecting);
 
 public Q_SLOTS:
     // Frame: WebView.cpp
@@ -177,5 +180,7 @@ private:
     QUdpSocket udpSocket;
     QWebElement documentElement;
     std::unique_ptr<QWebView> view;
+    QString collectedScripts;
+    bool collecting = false;
     bool sessionPage = false; ///< index.html is on show or on its way
 };

@@ -15,14 +15,28 @@ var playbackIcons = {
     7: "btn-default fa-bell-o",
 };
 
+var allPlaybackIcons = Object.keys(playbackIcons).map(function (number) {
+    return playbackIcons[number];
+});
+
 // The two classes that show what a unit plays; the number must come as a number.
 function getPlaybackIcon(playback) {
     return typeof playback === "number" ? playbackIcons[playback] : undefined;
 }
 
-// Sets one of several classes, and takes the others of them away.
+// Sets one of several classes, or of several pairs of them, and takes the others away. Touches the
+// element only where something changes: this is what most of a state stream ends in.
 function setOneClass(element, classes, chosen) {
-    $(element).removeClass(classes.join(" ")).addClass(chosen);
+    var others = classes.join(" ").split(" ");
+    $(element).each(function () {
+        var kept = this.className.split(" ").filter(function (name) {
+            return name !== "" && others.indexOf(name) < 0;
+        });
+        var wanted = (chosen ? kept.concat(chosen) : kept).join(" ");
+        if (this.className !== wanted) {
+            this.className = wanted;
+        }
+    });
 }
 
 var statusModes = ["btn-success", "btn-warning", "btn-danger"];
@@ -102,8 +116,14 @@ var emptyCardsText = "Нет устройств";
 // Says so where there is no card to show. Asked for at each card that comes, so it looks for the
 // first one only, and never for a computed style.
 function showEmptyList() {
-    var isEmpty = shownCards === null || document.querySelector(shownCards) === null;
-    $("#no_devices").text(emptyCardsText).toggleClass("hidden", !isEmpty);
+    var hint = document.getElementById("no_devices");
+    if (!hint) {
+        return;
+    }
+    var isShown = shownCards === null || document.querySelector(shownCards) === null;
+    if (isShown === hint.classList.contains("hidden") || hint.textContent !== emptyCardsText) {
+        $(hint).text(emptyCardsText).toggleClass("hidden", !isShown);
+    }
 }
 
 // Filters the cards by one style rule in place of a change at each of a thousand.

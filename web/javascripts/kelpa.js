@@ -50,7 +50,7 @@ function addCard(id, name, status, content, action) {
     $("<div class='zone_device tile'>")
         .attr("id", "device_" + id)
         .addClass("device_" + id)
-        .toggleClass("near", $("#main_kelpa_list").children().length < nearAtFirst)
+        .toggleClass("near", $("#main_kelpa_list").prop("childElementCount") < nearAtFirst)
         .append(
             $("<div class='kelpa_item'>")
                 .attr("id", "device_border_" + id)
@@ -128,10 +128,7 @@ function wrapperInput_device_setVolume(id, volume) {
 }
 
 function wrapperInput_device_setPlaybackCategory(id, playback) {
-    var all = Object.keys(playbackIcons).map(function (number) {
-        return playbackIcons[number];
-    });
-    setOneClass("#device_playing_" + id, all, getPlaybackIcon(playback));
+    setOneClass("#device_playing_" + id, allPlaybackIcons, getPlaybackIcon(playback));
 }
 
 function wrapperInput_device_setPlayback(id, oldPlayback, playback) {
