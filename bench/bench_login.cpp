@@ -11,16 +11,15 @@
 #include "network/NetworkParser.h"
 #include "network/TcpClient.h"
 #include "page/Console.h"
+#include "session/DemoServer.h"
 #include "view/WebView.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QSslSocket>
-#include <QtTest>
 
 namespace
 {
@@ -32,26 +31,6 @@ const QString address = QStringLiteral("127.0.0.1");
 {
     std::fprintf(stderr, "%s\n", text);
     std::exit(1);
-}
-
-/// The demo server with a fleet in which nothing happens; returns its port.
-quint16 startServer(QProcess& server, int units, const QString& folder)
-{
-    server.setProcessChannelMode(QProcess::MergedChannels);
-    server.start(QStringLiteral(SIMULATOR), {"--port", "0", "--quiet", "--no-announce", "--data",
-                                             folder, "--devices", QString::number(units)});
-    static const QRegularExpression listening("Listening on 127\\.0\\.0\\.1:(\\d+)");
-    QByteArray output;
-    const bool isListening = QTest::qWaitFor(
-        [&] {
-            output += server.readAll();
-            return listening.match(output).hasMatch();
-        },
-        startMilliseconds);
-    if (!isListening) {
-        fail("the demo server didn't start");
-    }
-    return listening.match(output).captured(1).toUShort();
 }
 
 bool isComplete(int units)
@@ -138,8 +117,11 @@ double replay(const QVector<QByteArray>& texts, quint16 port)
 
 void measure(Measure::Report& report, Console& console, int units, int repetitions)
 {
-    QProcess server;
-    const quint16 port = startServer(server, units, report.path());
+    DemoServer server;
+    if (!server.start(report.path(), 0, {"--devices", QString::number(units)})) {
+        fail("the demo server didn't start");
+    }
+    const quint16 port = server.port();
     const QVector<QByteArray> texts = recordLogin(console, port, units);
     std::vector<Measure::Way> ways{
         {"bare client, the same requests", [&] { return replay(texts, port); }},
@@ -151,8 +133,6 @@ void measure(Measure::Report& report, Console& console, int units, int repetitio
                                    .arg(texts.size())
                                    .toUtf8();
     report.table(heading.constData(), ways, texts.size(), "request");
-    server.terminate();
-    server.waitForFinished();
 }
 
 } // namespace

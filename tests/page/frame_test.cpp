@@ -37,6 +37,7 @@ private Q_SLOTS:
     void stormOfPushesLeavesThePageAsTheMirror();
     void missingFragmentEmptiesItsRegion();
     void laterLoadOfARegionWins();
+    void failingScriptTakesNoOtherAlong();
     void f11TogglesFullScreen();
     void aboutShowsBothVersions();
     void clockRunsOnFromTheServersTime();
@@ -355,6 +356,20 @@ void FrameTest::laterLoadOfARegionWins()
     QVERIFY(console->waitFor("$('#top_menu').children().length === 0"));
     QVERIFY(!QTest::qWaitFor(
         [&] { return console->value("$('#top_menu').children().length > 0").toBool(); }, 300));
+}
+
+void FrameTest::failingScriptTakesNoOtherAlong()
+{
+    showFrame();
+    console->value("window.fail = function () { throw new Error('on purpose'); };"
+                   "window.work = function (number) { window.worked = number; }");
+    console->view().collectScripts(true);
+    Page::call("fail");
+    Page::call("nobodyHasThis");
+    Page::call("work", 7);
+    QVERIFY(console->value("typeof window.worked === 'undefined'").toBool());
+    console->view().collectScripts(false);
+    QCOMPARE(console->value("window.worked").toInt(), 7);
 }
 
 void FrameTest::f11TogglesFullScreen()

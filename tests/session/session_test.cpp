@@ -3,10 +3,10 @@
 #include "model/User.h"
 #include "network/TcpClient.h"
 #include "page/Console.h"
+#include "session/DemoServer.h"
 #include "view/LocalPage.h"
 #include "view/WebView.h"
 
-#include <QProcess>
 #include <QWebView>
 #include <QtTest>
 
@@ -30,15 +30,13 @@ private Q_SLOTS:
     void exitLeavesTheProgram();
 
 private:
-    void startServer(quint16 port = 0);
     void logIn(const QString& user);
     void volumeFollowsTheAnswer();
     void zoneFiltersTheTiles();
     void devicePageShowsTheUnit();
 
     std::unique_ptr<Console> console;
-    std::unique_ptr<QProcess> server;
-    quint16 port = 0;
+    DemoServer server;
 };
 
 namespace
@@ -53,38 +51,17 @@ QString modalOpen(const char* id)
 
 } // namespace
 
-void SessionTest::startServer(quint16 wantedPort)
-{
-    server = std::make_unique<QProcess>();
-    server->setProcessChannelMode(QProcess::MergedChannels);
-    server->start(QStringLiteral(SIMULATOR),
-                  {"--port", QString::number(wantedPort), "--quiet", "--no-announce", "--data",
-                   console->folder() + "/simulator"});
-    QByteArray output;
-    const QRegularExpression listening("Listening on 127\\.0\\.0\\.1:(\\d+)");
-    QVERIFY(QTest::qWaitFor(
-        [&] {
-            output += server->readAll();
-            return listening.match(output).hasMatch();
-        },
-        30000));
-    port = listening.match(output).captured(1).toUShort();
-}
-
 void SessionTest::initTestCase()
 {
     console = std::make_unique<Console>();
-    startServer();
-    QVERIFY(port != 0);
-    console->servers().addServer({"127.0.0.1", port, true});
+    QVERIFY(server.start(console->folder()));
+    console->servers().addServer({"127.0.0.1", server.port(), true});
     QVERIFY(console->waitForPage("login.html"));
 }
 
 void SessionTest::cleanupTestCase()
 {
     console.reset();
-    server->terminate();
-    server->waitForFinished();
 }
 
 void SessionTest::init()
@@ -125,7 +102,7 @@ void SessionTest::secondTryAfterARefusalLogsIn()
     QVERIFY(console->waitFor(modalOpen("modalError")));
     logIn("operator");
     QCOMPARE(Data::ip, QStringLiteral("127.0.0.1"));
-    QCOMPARE(Data::port, int(port));
+    QCOMPARE(Data::port, int(server.port()));
     console->value("wrapper_Global_logout()");
     QVERIFY(console->waitForPage("login.html"));
 }
@@ -201,10 +178,10 @@ void SessionTest::devicePageShowsTheUnit()
 void SessionTest::lostConnectionReturnsToTheLoginPage()
 {
     logIn("operator");
-    server->kill();
+    server.kill();
     QVERIFY(console->waitForPage("login.html"));
     QVERIFY(!Data::getCurrentUser());
-    startServer(port);
+    QVERIFY(server.start(console->folder(), server.port()));
     QVERIFY(console->waitFor("$('#serverSelect option').length > 0"));
     logIn("operator");
     console->value("wrapper_Global_logout()");
@@ -227,10 +204,10 @@ void SessionTest::unreachableServerIsTold()
     QCOMPARE(console->text("$('#errorLabel').text()"),
              QStringLiteral("Произошла ошибка подключения к серверу!"));
     // An address that is none falls back to the default server, which a list may lack.
-    console->servers().deleteServer("127.0.0.1", port);
+    console->servers().deleteServer("127.0.0.1", server.port());
     console->view().login_tryLogin("admin", "admin", "nonsense");
     QVERIFY(console->waitFor(modalOpen("modalError")));
-    console->servers().addServer({"127.0.0.1", port, true});
+    console->servers().addServer({"127.0.0.1", server.port(), true});
 }
 
 void SessionTest::exitLeavesTheProgram()
