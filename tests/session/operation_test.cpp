@@ -1,5 +1,8 @@
 #include "app/Data.h"
+#include "app/Wiring.h"
+#include "media/AudioManager.h"
 #include "media/PlaybackUpdater.h"
+#include "media/SoundServer.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Playback.h"
@@ -30,6 +33,7 @@ private Q_SLOTS:
     void musicFromStartToStop();
     void busyUnitsAreAskedFor();
     void gongAndAlarmMessage();
+    void voiceReachesTheServer();
 
 private:
     void logIn(const QString& user);
@@ -41,6 +45,9 @@ private:
     void choosePlayback(int id);
     void stopPlayback(int id);
 
+    SoundServer sounds;
+    QString missingSound;
+    AudioManager audio;
     DemoServer server;
     PlaybackUpdater positionClock;
     std::unique_ptr<Console> console;
@@ -48,7 +55,11 @@ private:
 
 void OperationTest::initTestCase()
 {
+    missingSound = sounds.start();
     console = std::make_unique<Console>();
+    Data::audioManager = &audio;
+    Wiring::joinAudio();
+    Data::settings->setValue("audio/input", "mic.monitor");
     QVERIFY(server.start(console->folder()));
     console->servers().addServer({"127.0.0.1", server.port(), true});
 }
@@ -296,6 +307,52 @@ void OperationTest::gongAndAlarmMessage()
     click("#create");
     QTRY_COMPARE(Data::getDeviceById(1)->getPlaybackCategory(), 6);
     stopPlayback(newestPlayback());
+}
+
+void OperationTest::voiceReachesTheServer()
+{
+    if (!missingSound.isEmpty()) {
+        QSKIP(qPrintable(missingSound));
+    }
+    logIn("operator");
+    openTab("#microphone", "$('#broadcast_page').length && $('#translation_start').length && "
+                           "$('#modalAudioTranslation').length && $('.tile').length === 24");
+    click("#device_button_1");
+    click("#translation_start");
+    QVERIFY(console->waitFor("$('#modalAudioTranslation').hasClass('in')"));
+    click("#translation_button_start");
+    QVERIFY(console->waitFor("$('#translation_button_stop').is(':visible:enabled')"));
+    QCOMPARE(Data::getDeviceById(1)->getPlaybackCategory(), 5);
+    QTRY_VERIFY_WITH_TIMEOUT(
+        server.output().contains("MPEG audio mp2 44100 Hz mono 128 kbit/s, 0 lost"), 20000);
+    console->picture("operation-speaking");
+    click("#translation_button_stop");
+    QVERIFY(console->waitFor("$('#translation_button_start').is(':visible:enabled')"));
+    QCOMPARE(Data::getDeviceById(1)->getPlaybackCategory(), 0);
+    QTRY_COMPARE(sounds.captureCount(), 0);
+    click("#translation_button_close");
+
+    // An input that can't be opened ends in the dialog, and no unit stays marked.
+    Data::settings->setValue("audio/input", "nobody");
+    click("#translation_start");
+    QVERIFY(console->waitFor("$('#modalAudioTranslation').hasClass('in')"));
+    click("#translation_button_start");
+    QVERIFY(console->waitFor("$('#modalAudioTranslationError').hasClass('in')", 20000));
+    QTRY_COMPARE(Data::getDeviceById(1)->getPlaybackCategory(), 0);
+    QVERIFY(!audio.isPlayed());
+    console->picture("operation-no-input");
+
+    // A connection that is lost while speaking closes the microphone.
+    Data::settings->setValue("audio/input", "mic.monitor");
+    console->value("$('#modalAudioTranslationError').modal('hide')");
+    click("#translation_start");
+    QVERIFY(console->waitFor("$('#modalAudioTranslation').hasClass('in')"));
+    click("#translation_button_start");
+    QTRY_VERIFY(audio.isPlayed() && sounds.captureCount() == 1);
+    server.tell("drop");
+    QVERIFY(console->waitForPage("login.html"));
+    QVERIFY(!audio.isPlayed());
+    QTRY_COMPARE(sounds.captureCount(), 0);
 }
 
 int main(int argc, char* argv[])
