@@ -114,7 +114,7 @@ void StreamTest::init()
     Data::audioManager = audio.get();
     Wiring::joinAudio();
     server = std::make_unique<QUdpSocket>();
-    QVERIFY2(server->bind(QHostAddress::LocalHost), qPrintable(server->errorString()));
+    QVERIFY2(server->bind(QHostAddress(QHostAddress::LocalHost), 0), qPrintable(server->errorString()));
     Fleet::takeRequests();
 }
 
@@ -226,7 +226,7 @@ void StreamTest::secondStartReplacesTheFirst()
 {
     startAndListen();
     server = std::make_unique<QUdpSocket>();
-    QVERIFY2(server->bind(QHostAddress::LocalHost), qPrintable(server->errorString()));
+    QVERIFY2(server->bind(QHostAddress(QHostAddress::LocalHost), 0), qPrintable(server->errorString()));
     startAndListen();
     QVERIFY(audio->isPlayed());
 }

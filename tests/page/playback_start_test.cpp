@@ -207,7 +207,7 @@ void PlaybackStartTest::overlapAsksAgain()
         QVERIFY(console().waitFor("!$('#modalOverlap').is(':visible')"));
     }
     Page::call("modalOverlapShow");
-    QVERIFY(console().waitFor("$('#modalOverlap').hasClass('in')"));
+    QVERIFY(console().waitFor("$('#modalOverlap').find(document.activeElement).length === 1"));
     pressEscape();
     QVERIFY(console().waitFor("!$('#modalOverlap').is(':visible')"));
     QCOMPARE(takeCalls(), QString());
