@@ -98,8 +98,9 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "skipped: %s\n", qPrintable(missing));
         return 0;
     }
-    // A sound card delivers steadily. The source without hardware does so only while somebody listens
-    // with little latency: a first listener waits up to two seconds for its current block to end.
+    // A sound card delivers steadily. The source without hardware does so only while somebody
+    // listens with little latency: a first listener waits up to two seconds for its current block
+    // to end.
     QProcess listener;
     listener.setStandardOutputFile(QProcess::nullDevice());
     listener.start("parec", {"--device=spare.monitor", "--latency-msec=10"});

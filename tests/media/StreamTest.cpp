@@ -114,7 +114,8 @@ void StreamTest::init()
     Data::audioManager = audio.get();
     Wiring::joinAudio();
     server = std::make_unique<QUdpSocket>();
-    QVERIFY2(server->bind(QHostAddress(QHostAddress::LocalHost), 0), qPrintable(server->errorString()));
+    QVERIFY2(server->bind(QHostAddress(QHostAddress::LocalHost), 0),
+             qPrintable(server->errorString()));
     Fleet::takeRequests();
 }
 
@@ -226,7 +227,8 @@ void StreamTest::secondStartReplacesTheFirst()
 {
     startAndListen();
     server = std::make_unique<QUdpSocket>();
-    QVERIFY2(server->bind(QHostAddress(QHostAddress::LocalHost), 0), qPrintable(server->errorString()));
+    QVERIFY2(server->bind(QHostAddress(QHostAddress::LocalHost), 0),
+             qPrintable(server->errorString()));
     startAndListen();
     QVERIFY(audio->isPlayed());
 }

@@ -1,4 +1,5 @@
 #include "app/Data.h"
+#include "media/AudioManager.h"
 #include "model/ModelList.h"
 #include "model/Role.h"
 #include "model/User.h"
@@ -32,6 +33,7 @@ private Q_SLOTS:
     void hostileNamesAreText();
     void comingBackShowsTheSameAsStaying();
     void lockSettingsAreReadAndStored();
+    void soundSettingsAreReadTestedAndStored();
 
 private:
     void openUsers() const;
@@ -321,8 +323,10 @@ void AdministrationPageTest::lockSettingsAreReadAndStored()
     Data::blockStatus = false;
     console->value("$('#menu_settings').click()");
     QVERIFY(console->waitFor("$('#block').length > 0 && $('#modalSaved').length === 1"));
-    console->value("$('#side_menu #block').click()");
-    QVERIFY(console->waitFor("$('#settings_block_time').val() === '5' && $('#save').length === 1"));
+    console->value("$('#modalSaved').addClass('old'); $('#side_menu #block').click()");
+    QVERIFY(
+        console->waitFor("$('#settings_block_time').val() === '5' && $('#save').length === 1 && "
+                         "$('.old').length === 0 && $('#modalSaved').length === 1"));
     QVERIFY(console->value("$('#settings_block_disabled').is(':checked')").toBool());
     console->picture("settings-lock");
     console->value("$('#settings_block_time').val('250 мин'); "
@@ -336,6 +340,51 @@ void AdministrationPageTest::lockSettingsAreReadAndStored()
     console->value("$('#settings_block_time').val(''); $('#save').click()");
     QCOMPARE(console->text("$('#settings_block_time').val()"), QStringLiteral("100"));
     QCOMPARE(Data::settings->value("admin/block_time").toInt(), 60000);
+}
+
+void AdministrationPageTest::soundSettingsAreReadTestedAndStored()
+{
+    AudioManager audio;
+    Data::audioManager = &audio;
+    Data::settings->setValue("audio/input", "gone");
+    Data::settings->setValue("volume/microphone", 30);
+    Data::settings->setValue("volume/warning", 80);
+    console->value("$('#menu_settings').click()");
+    QVERIFY(console->waitFor("$('.settings_menu').length === 4 && $('#modalSaved').length === 1"));
+    console->value("$('#modalSaved').addClass('old'); $('#side_menu #media').click()");
+    QVERIFY(console->waitFor("$('#settings_volume_microphone').val() === '30' && "
+                             "$('#save').length === 1 && $('.old').length === 0 && "
+                             "$('#modalSaved').length === 1"));
+    // This machine's inputs don't count here.
+    console->value("$('#settings_media_input').empty().trigger('change')");
+    console->value("$('#settings_media_start').click()");
+    QVERIFY(console->waitFor("$('#modalMicrophoneNotSelected').hasClass('in')"));
+    console->value("$('#modalMicrophoneNotSelected .accept').click()");
+    Page::call("wrapperInput_settings_addMediaInput", hostile);
+    Page::call("wrapperInput_settings_mediaInputSelect", hostile);
+    QCOMPARE(console->text("$('#select2-settings_media_input-container').text()"), hostile);
+    QVERIFY(
+        console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
+    console->picture("settings-sound");
+
+    console->value("$('#settings_media_start').click()");
+    QVERIFY(console->value("$('#settings_media_stop').is(':visible')").toBool());
+    Page::call("settingsAudioError"); // as a test that fails ends
+    QVERIFY(console->waitFor("$('#modalAudioError').hasClass('in')"));
+    QVERIFY(console->value("$('#settings_media_start').is(':visible')").toBool());
+    console->value("settingsAudioErrorHide(); $('#settings_volume_microphone').val(65); "
+                   "$('#save').click()");
+    QVERIFY(console->waitFor("$('#modalSaved').hasClass('in')"));
+    QCOMPARE(Data::settings->value("audio/input").toString(), hostile);
+    QCOMPARE(Data::settings->value("volume/microphone").toInt(), 65);
+    QCOMPARE(Data::settings->value("volume/warning").toInt(), 80);
+
+    // Whoever leaves the page ends the test that runs.
+    console->value("settingsUnblock(); $('#settings_media_start').click(); "
+                   "$('#side_menu #block').click()");
+    QVERIFY(console->waitFor("$('#settings_block_time').length === 1"));
+    audio.release();
+    Data::audioManager = nullptr;
 }
 
 int main(int argc, char* argv[])

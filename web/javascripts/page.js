@@ -130,7 +130,11 @@ function whenWrapperIsThere(action) {
 // A dialog that is shown again while it still fades away starts anew, or the end of its fading would
 // hide it. A dialog on top of others darkens them too.
 $(document).on("show.bs.modal", ".modal", function () {
-    var dialog = $(this).off("bsTransitionEnd").data("bs.modal");
+    var dialog = $(this).data("bs.modal");
+    if (dialog.isShown) {
+        return; // asked for twice: it is there, or on its way
+    }
+    $(this).off("bsTransitionEnd");
     dialog.removeBackdrop();
     var below = $(".modal.in").not(this).length;
     $(this).css("z-index", 1050 + 20 * below);
