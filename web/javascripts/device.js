@@ -26,9 +26,12 @@ function getPlaybackIcon(playback) {
 
 // Sets one of several classes, or of several pairs of them, and takes the others away. Touches the
 // element only where something changes: this is what most of a state stream ends in.
-function setOneClass(element, classes, chosen) {
-    var others = classes.join(" ").split(" ");
-    $(element).each(function () {
+function setOneClass(selector, classes, chosen) {
+    $(selector).each(function () {
+        if (this.className === this.knownClassName && this.knownChoice === chosen) {
+            return;
+        }
+        var others = classes.join(" ").split(" ");
         var kept = this.className.split(" ").filter(function (name) {
             return name !== "" && others.indexOf(name) < 0;
         });
@@ -36,6 +39,8 @@ function setOneClass(element, classes, chosen) {
         if (this.className !== wanted) {
             this.className = wanted;
         }
+        this.knownClassName = wanted;
+        this.knownChoice = chosen;
     });
 }
 

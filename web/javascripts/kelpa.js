@@ -36,9 +36,13 @@ function volumeBar(id) {
     return $("<div class='tile_volume'>").append($("<div>").attr("id", "device_volume_" + id));
 }
 
+function findCard(id) {
+    return document.getElementById("device_" + id);
+}
+
 // Adds a unit's card with the rows of `content` below its header; does nothing if it is there.
 function addCard(id, name, status, content, action) {
-    if ($("#device_" + id).length) {
+    if (findCard(id)) {
         return;
     }
     var header = $("<div>")
@@ -86,7 +90,13 @@ function wrapperInput_device_setName(id, name) {
     $("#device_name_" + id).text(name).attr("title", name);
 }
 
+// A state stream mostly repeats what is known.
 function showLink(id, status) {
+    var card = findCard(id);
+    if (!card || card.linkStatus === status) {
+        return;
+    }
+    card.linkStatus = status;
     var state = linkStates[status];
     var button = $("#device_button_" + id).toggleClass("disabled", status !== 2);
     setOneClass(
@@ -100,7 +110,7 @@ function showLink(id, status) {
         "kelpa_item_heading_" + state.name
     );
     $("#device_state_" + id).text(state.word);
-    $("#device_" + id).toggleClass("device_online", status === 2);
+    $(card).toggleClass("device_online", status === 2);
     if (status !== 2 && button.hasClass("fa-check-square-o")) {
         setTicks(button, false);
     }
@@ -132,26 +142,32 @@ function wrapperInput_device_setPlaybackCategory(id, playback) {
 }
 
 function wrapperInput_device_setPlayback(id, oldPlayback, playback) {
-    $("#device_" + id + ".playback_device")
-        .removeClass("playback_" + oldPlayback)
-        .addClass("playback_" + playback);
-    showEmptyList();
+    var card = findCard(id);
+    if (card && card.classList.contains("playback_device")) {
+        $(card).removeClass("playback_" + oldPlayback).addClass("playback_" + playback);
+        showEmptyList();
+    }
 }
 
 function wrapperInput_device_setTask(id, taskId, title) {
     $("#device_task_" + id).attr("title", "Расписание: " + title).toggleClass("hidden", taskId <= 0);
 }
 
+function setZoneOfCard(zoneId, deviceId, isIncluded) {
+    var card = findCard(deviceId);
+    if (card && card.classList.contains("zone_device_" + zoneId) !== isIncluded) {
+        $(card).toggleClass("zone_device_" + zoneId, isIncluded);
+        wallHasChanged();
+        showEmptyList();
+    }
+}
+
 function wrapperInput_zone_includeDevice(zoneId, deviceId) {
-    $("#device_" + deviceId).addClass("zone_device_" + zoneId);
-    wallHasChanged();
-    showEmptyList();
+    setZoneOfCard(zoneId, deviceId, true);
 }
 
 function wrapperInput_zone_excludeDevice(zoneId, deviceId) {
-    $("#device_" + deviceId).removeClass("zone_device_" + zoneId);
-    wallHasChanged();
-    showEmptyList();
+    setZoneOfCard(zoneId, deviceId, false);
 }
 
 function device_select(id) {

@@ -1,6 +1,9 @@
 // The home page: one tile a unit, with its health.
 
 function wrapperInput_device_add(id, name, status, volume, playback) {
+    if (findCard(id)) {
+        return;
+    }
     var battery = $("<span class='btn tile_icon btn-danger'>")
         .attr({id: "device_battery_" + id, title: "АКБ"})
         .append($("<i class='fa fa-battery-0'>").attr("id", "device_battery_level_" + id));
