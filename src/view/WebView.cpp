@@ -45,6 +45,9 @@ bool isOnScreen(const QRect& window)
     });
 }
 
+/// One picture of a screen: what comes faster than that is seen at once.
+constexpr int scriptPauseMilliseconds = 16;
+
 /// Most calls are of functions that the page on show doesn't have; asking costs less than an error.
 QString onlyIfDefined(const QString& call)
 {
@@ -56,6 +59,7 @@ QString onlyIfDefined(const QString& call)
 
 WebView::WebView()
     : blockTimer(new QTimer(this)),
+      scriptTimer(new QTimer(this)),
       deviceReplay(new DeviceReplay(this)),
       view(std::make_unique<QWebView>())
 {
@@ -69,6 +73,9 @@ WebView::WebView()
     connect(view.get(), &QWebView::loadFinished, this, &WebView::loaded);
     Data::logger.message("Load login page");
     loadPage(LocalPage::loginUrl);
+    scriptTimer->setSingleShot(true);
+    scriptTimer->setInterval(scriptPauseMilliseconds);
+    connect(scriptTimer, &QTimer::timeout, this, &WebView::flushScripts);
     connect(blockTimer, &QTimer::timeout, this, &WebView::modal_blockShow);
     connect(&udpSocket, &QUdpSocket::readyRead, this, &WebView::login_serverFound);
 }
@@ -81,6 +88,7 @@ WebView::~WebView()
 
 void WebView::loadPage(const QUrl& page)
 {
+    flushScripts();
     sessionPage = page == LocalPage::sessionUrl;
     view->load(page);
     publishWrapper();
@@ -121,6 +129,7 @@ void WebView::runJavascript(const QString& text)
         collectedScripts += QLatin1String("try{") + onlyIfDefined(text) +
                             QLatin1String("}catch(error){console.error(error);}");
     } else {
+        flushScripts();
         documentElement.evaluateJavaScript(onlyIfDefined(text));
     }
 }
@@ -128,6 +137,14 @@ void WebView::runJavascript(const QString& text)
 void WebView::collectScripts(bool isCollecting)
 {
     collecting = isCollecting;
+    if (!isCollecting && !collectedScripts.isEmpty() && !scriptTimer->isActive()) {
+        scriptTimer->start();
+    }
+}
+
+void WebView::flushScripts()
+{
+    scriptTimer->stop();
     const QString scripts = std::exchange(collectedScripts, QString());
     if (!scripts.isEmpty()) {
         documentElement.evaluateJavaScript(scripts);

@@ -25,8 +25,10 @@ public:
     QWebView* getView() const { return view.get(); }
     /// Ends the program, as the operator's closing of the window does.
     void closeWindow();
-    /// Holds scripts back while `isCollecting`, and then evaluates them in one go: a reply causes a
-    /// dozen. One that fails takes no other along.
+    /// Holds scripts back while `isCollecting`, and evaluates them in one go at the next picture of
+    /// the screen: a reply causes a dozen, and each turn of the event loop with a change is laid
+    /// out. Order is kept: whatever else goes to the page goes behind them. One that fails takes no
+    /// other along.
     void collectScripts(bool isCollecting);
 
 public Q_SLOTS:
@@ -167,6 +169,7 @@ protected:
 
 private:
     void publishWrapper();
+    void flushScripts();
     void loadPage(const QUrl& page);
     void restoreWindow();
     void saveWindow();
@@ -176,6 +179,7 @@ private:
     bool acceptsAddress(const QString& ip) const;
 
     QTimer* blockTimer;
+    QTimer* scriptTimer;
     DeviceReplay* deviceReplay;
     QUdpSocket udpSocket;
     QWebElement documentElement;

@@ -263,7 +263,7 @@ function deviceInfo_stopInsideAudio() {
 }
 
 function wrapperInput_device_addScenario(id, position, title) {
-    if (!isDeviceShown(id)) {
+    if (!isDeviceShown(id) || $("#scenario_" + position).length) {
         return;
     }
     $("<tr>")
@@ -315,7 +315,7 @@ function deviceInfo_cleanLines() {
 }
 
 function wrapperInput_deviceLine_add(deviceId, id, name, state, isNew, editable) {
-    if (!isDeviceShown(deviceId)) {
+    if (!isDeviceShown(deviceId) || $("#line_control_" + id).length) {
         return;
     }
     $("<tr>")
