@@ -1,12 +1,9 @@
-#include "fleet/Fleet.h"
+#include "fleet/ViewSession.h"
 #include "media/SoundServer.h"
 
 #include "log/LogSettings.h"
 #include "media/AudioManager.h"
-#include "view/WebView.h"
 
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QTest>
 
 /// The slots of the broadcast and of the sound settings.
@@ -25,29 +22,17 @@ private Q_SLOTS:
     void inputsAreOfferedAndTested();
 
 private:
-    QTemporaryDir folder;
-    std::unique_ptr<SessionFixture> session;
-    std::unique_ptr<QSettings> config;
-    std::unique_ptr<WebView> view;
+    std::unique_ptr<ViewSession> rig;
 };
 
 void MediaSlotsTest::init()
 {
-    session = std::make_unique<SessionFixture>();
-    config = std::make_unique<QSettings>(folder.filePath("config.ini"), QSettings::IniFormat);
-    config->clear();
-    Data::settings = config.get();
-    view = std::make_unique<WebView>();
-    session->page.take();
-    Fleet::takeRequests();
+    rig = std::make_unique<ViewSession>();
 }
 
 void MediaSlotsTest::cleanup()
 {
-    view.reset();
-    Data::settings = nullptr;
-    config.reset();
-    session.reset();
+    rig.reset();
 }
 
 void MediaSlotsTest::startIsAskedFor_data()
@@ -67,22 +52,22 @@ void MediaSlotsTest::startIsAskedFor()
     QFETCH(QVariant, volume);
     QFETCH(QString, sent);
     if (volume.isValid()) {
-        config->setValue("volume/microphone", volume);
+        rig->config.setValue("volume/microphone", volume);
     }
-    config->sync();
+    rig->config.sync();
     for (const QString type : {"microphone", "alarm"}) {
-        view->playback_startRedirection(devices, type, "overlap");
+        rig->view.playback_startRedirection(devices, type, "overlap");
         const QString middle = QString(R"("strategy":"overlap","type":"%1",)").arg(type);
         QCOMPARE(Fleet::takeRequests(),
                  QStringList{QString(R"(playback/startRedirection {"devices":%1,"zones":[]})")
                                  .arg(sent.arg(middle))});
     }
-    QCOMPARE(session->page.calls(), QStringList());
+    QCOMPARE(rig->session.page.calls(), QStringList());
 }
 
 void MediaSlotsTest::stopIsAskedFor()
 {
-    view->playback_stopRedirection();
+    rig->view.playback_stopRedirection();
     QCOMPARE(Fleet::takeRequests(), QStringList{"playback/stopRedirection"});
 }
 
@@ -100,21 +85,21 @@ void MediaSlotsTest::volumesAreShown()
     QFETCH(QVariant, stored);
     QFETCH(QString, shown);
     if (stored.isValid()) {
-        config->setValue("volume/warning", stored);
-        config->setValue("volume/microphone", stored);
+        rig->config.setValue("volume/warning", stored);
+        rig->config.setValue("volume/microphone", stored);
     }
-    view->settings_volume_init();
-    QCOMPARE(session->page.calls(), (QStringList{"loadVolumeWarning(" + shown + ");",
-                                                 "loadVolumeMicrophone(" + shown + ");"}));
+    rig->view.settings_volume_init();
+    QCOMPARE(rig->session.page.calls(), (QStringList{"loadVolumeWarning(" + shown + ");",
+                                                     "loadVolumeMicrophone(" + shown + ");"}));
 }
 
 void MediaSlotsTest::settingsAreStored()
 {
-    view->settings_volume_save(40, 60);
-    view->settings_media_save(QString::fromUtf8("Микрофон \"1\""));
-    QCOMPARE(config->value("volume/microphone"), QVariant(40));
-    QCOMPARE(config->value("volume/warning"), QVariant(60));
-    QCOMPARE(config->value("audio/input").toString(), QString::fromUtf8("Микрофон \"1\""));
+    rig->view.settings_volume_save(40, 60);
+    rig->view.settings_media_save(QString::fromUtf8("Микрофон \"1\""));
+    QCOMPARE(rig->config.value("volume/microphone"), QVariant(40));
+    QCOMPARE(rig->config.value("volume/warning"), QVariant(60));
+    QCOMPARE(rig->config.value("audio/input").toString(), QString::fromUtf8("Микрофон \"1\""));
     QCOMPARE(Fleet::takeRequests(), QStringList());
 }
 
@@ -127,9 +112,9 @@ void MediaSlotsTest::inputsAreOfferedAndTested()
     }
     AudioManager audio;
     Data::audioManager = &audio;
-    config->setValue("audio/input", "gone");
-    view->settings_media_init();
-    const QStringList calls = session->page.take();
+    rig->config.setValue("audio/input", "gone");
+    rig->view.settings_media_init();
+    const QStringList calls = rig->session.page.take();
     const int offered = calls.indexOf("wrapperInput_settings_addMediaInput(\"mic.monitor\");");
     const int selected = calls.indexOf("wrapperInput_settings_mediaInputSelect(\"gone\");");
     const int output = calls.indexOf("wrapperInput_settings_addMediaOutput(\"mic\");");
@@ -137,9 +122,9 @@ void MediaSlotsTest::inputsAreOfferedAndTested()
     QVERIFY2(offered >= 0 && offered < selected && selected < output && output < last &&
                  last == calls.size() - 1,
              qPrintable(calls.join('\n')));
-    view->settings_media_start("mic.monitor");
+    rig->view.settings_media_start("mic.monitor");
     QTRY_COMPARE_WITH_TIMEOUT(sounds.captureCount(), 1, 20000);
-    view->settings_media_stop();
+    rig->view.settings_media_stop();
     QCOMPARE(sounds.captureCount(), 0);
     Data::audioManager = nullptr;
 }

@@ -1,9 +1,6 @@
+#include "fleet/ViewSession.h"
 #include "rights/Rights.h"
 
-#include "view/WebView.h"
-
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QWebView>
@@ -27,32 +24,20 @@ private Q_SLOTS:
     void lockComesAgain();
 
 private:
-    QTimer& timer() { return *view->findChild<QTimer*>(); }
-    void setTime(int milliseconds) { config->setValue("admin/block_time", milliseconds); }
+    QTimer& timer() { return *rig->view.findChild<QTimer*>(); }
+    void setTime(int milliseconds) { rig->config.setValue("admin/block_time", milliseconds); }
 
-    QTemporaryDir folder;
-    std::unique_ptr<SessionFixture> session;
-    std::unique_ptr<QSettings> config;
-    std::unique_ptr<WebView> view;
+    std::unique_ptr<ViewSession> rig;
 };
 
 void LockTest::init()
 {
-    session = std::make_unique<SessionFixture>();
-    config = std::make_unique<QSettings>(folder.filePath("config.ini"), QSettings::IniFormat);
-    config->clear();
-    Data::settings = config.get();
-    view = std::make_unique<WebView>();
-    session->page.take();
-    Fleet::takeRequests();
+    rig = std::make_unique<ViewSession>();
 }
 
 void LockTest::cleanup()
 {
-    view.reset();
-    Data::settings = nullptr;
-    config.reset();
-    session.reset();
+    rig.reset();
 }
 
 void LockTest::passwordIsSentAsADigest_data()
@@ -70,14 +55,14 @@ void LockTest::passwordIsSentAsADigest()
     QFETCH(int, waiting);
     const QString name = QTest::currentDataTag();
     const QString slot = name.mid(name.indexOf('_') + 1).prepend("modal_");
-    QVERIFY(QMetaObject::invokeMethod(view.get(), qPrintable(slot),
+    QVERIFY(QMetaObject::invokeMethod(&rig->view, qPrintable(slot),
                                       Q_ARG(QString, QString::fromUtf8("пароль"))));
     QCOMPARE(Fleet::takeRequests(),
              QStringList{QString(R"(user/checkAccess {"password":"%1","target":"%2"})")
                              .arg("e242f36f4f95f12966da8fa2efd59992", target)});
     QCOMPARE(Data::waitForAlarm, waiting);
-    QVERIFY(session->log.contains(name));
-    QCOMPARE(session->page.calls(), QStringList());
+    QVERIFY(rig->session.log.contains(name));
+    QCOMPARE(rig->session.page.calls(), QStringList());
 }
 
 void LockTest::settingsAreShown_data()
@@ -96,13 +81,14 @@ void LockTest::settingsAreShown()
     QFETCH(QVariant, stored);
     QFETCH(int, minutes);
     if (stored.isValid()) {
-        config->setValue("admin/block_time", stored);
+        rig->config.setValue("admin/block_time", stored);
     }
     for (const bool status : {true, false}) {
         Data::blockStatus = status;
-        view->settings_block_init();
-        QCOMPARE(session->page.take(), (QStringList{QString("loadBlockTime(%1);").arg(minutes),
-                                                    QString("loadBlockStatus(%1);").arg(status)}));
+        rig->view.settings_block_init();
+        QCOMPARE(rig->session.page.take(),
+                 (QStringList{QString("loadBlockTime(%1);").arg(minutes),
+                              QString("loadBlockStatus(%1);").arg(status)}));
     }
 }
 
@@ -123,15 +109,15 @@ void LockTest::settingsAreStored()
     QFETCH(int, milliseconds);
     QFETCH(QStringList, calls);
     setTime(120000);
-    view->settings_block_save(true, minutes);
-    QCOMPARE(config->value("admin/block_time").toInt(), milliseconds);
-    QVERIFY(config->value("admin/block_enable").toBool());
+    rig->view.settings_block_save(true, minutes);
+    QCOMPARE(rig->config.value("admin/block_time").toInt(), milliseconds);
+    QVERIFY(rig->config.value("admin/block_enable").toBool());
     QVERIFY(Data::blockStatus);
     QVERIFY(timer().isActive());
     QCOMPARE(timer().interval(), milliseconds);
-    QCOMPARE(session->page.calls(), calls);
-    view->settings_block_save(false, 5);
-    QVERIFY(!config->value("admin/block_enable", true).toBool());
+    QCOMPARE(rig->session.page.calls(), calls);
+    rig->view.settings_block_save(false, 5);
+    QVERIFY(!rig->config.value("admin/block_enable", true).toBool());
     QVERIFY(!Data::blockStatus);
     QVERIFY(!timer().isActive());
     QCOMPARE(Fleet::takeRequests(), QStringList()); // they stay on this console
@@ -158,11 +144,11 @@ void LockTest::movementRestartsTheTimer()
         timer().start(30000);
     }
     Data::blockStatus = enabled;
-    QTest::mouseClick(view->getView(), Qt::LeftButton); // alone it doesn't count
+    QTest::mouseClick(rig->view.getView(), Qt::LeftButton); // alone it doesn't count
     QCOMPARE(timer().isActive(), running);
-    QTest::mouseMove(view->getView(), {20, 20});
+    QTest::mouseMove(rig->view.getView(), {20, 20});
     QMouseEvent move(QEvent::MouseMove, {20, 20}, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(view->getView(), &move);
+    QCoreApplication::sendEvent(rig->view.getView(), &move);
     QCOMPARE(timer().isActive(), enabled);
     if (enabled) {
         QCOMPARE(timer().interval(), 90000);
@@ -173,9 +159,9 @@ void LockTest::keyRestartsTheTimerWithTheNewestTime()
 {
     Data::blockStatus = true;
     setTime(90000);
-    view->resetBlockTimer();
+    rig->view.resetBlockTimer();
     setTime(70000);
-    QTest::keyClick(view->getView(), Qt::Key_A);
+    QTest::keyClick(rig->view.getView(), Qt::Key_A);
     QCOMPARE(timer().interval(), 70000);
 }
 
@@ -183,8 +169,8 @@ void LockTest::lockComesAgain()
 {
     Data::blockStatus = true;
     setTime(5);
-    view->resetBlockTimer();
-    QTRY_VERIFY(session->page.calls().count("block();") >= 2);
+    rig->view.resetBlockTimer();
+    QTRY_VERIFY(rig->session.page.calls().count("block();") >= 2);
 }
 
 QTEST_MAIN(LockTest)
