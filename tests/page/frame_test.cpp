@@ -263,6 +263,11 @@ void FrameTest::largeFleetFillsWithoutBlocking()
     QVERIFY(console->waitFor("$('.tile').length === 199"));
     QCOMPARE(console->text("$('#device_volume_200').parent().attr('title')"),
              QStringLiteral("Громкость: 77"));
+    // Tiles far from the window have no contents until they come near.
+    QVERIFY(console->value("!$('#device_border_200').is(':visible')").toBool());
+    console->value("$('#main').scrollTop(100000)");
+    QVERIFY(console->waitFor("$('#device_border_200').is(':visible') && "
+                             "!$('#device_border_1').is(':visible')"));
     // The list of another page doesn't get the rest of this one.
     console->value("loadHomePage()");
     QVERIFY(console->waitFor("$('.tile').length >= 40 && $('.tile').length < 199"));

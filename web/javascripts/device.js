@@ -141,6 +141,7 @@ function showOnlyCards(selector, emptyText) {
             .text(".zone_device { display: none; } " + (selector ? selector + " { display: block; }" : ""))
             .appendTo("head");
     }
+    $("#main").scrollTop(0);
     showNearTiles();
     showEmptyList();
 }
