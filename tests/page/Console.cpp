@@ -6,6 +6,7 @@
 #include "log/Logger.h"
 #include "network/TcpClient.h"
 #include "page/ScriptCall.h"
+#include "view/LocalPage.h"
 #include "view/WebView.h"
 
 #include <QDir>
@@ -15,6 +16,9 @@
 #include <QWebFrame>
 #include <QWebView>
 #include <QtTest>
+
+const QString hostileText =
+    QStringLiteral("\"><img src=x onerror=\"window.pwned=1\">'\\\n</script>");
 
 Console::Console()
 {
@@ -63,6 +67,13 @@ void Console::load(const QUrl& page) const
     value("window.isOldPage = true");
     webView->getView()->load(page);
     waitFor("typeof window.isOldPage === 'undefined'");
+}
+
+bool Console::showSession() const
+{
+    load(LocalPage::sessionUrl);
+    return waitForPage("index.html") &&
+           waitFor("$('#top_menu #device_list').length > 0 && $('#modalShowVersion').length > 0");
 }
 
 QString Console::page() const

@@ -12,6 +12,9 @@
 
 class WebView;
 
+/// A name that would run as script or mark-up where it isn't taken as text.
+extern const QString hostileText;
+
 /// The whole console in a test: store, network, real pages in a real view, with its files in a
 /// temporary folder. One a process, as in the program.
 class Console
@@ -31,6 +34,8 @@ public:
     bool waitFor(const QString& script, int milliseconds = 10000) const;
     /// Loads one of the top pages anew, and returns when it has taken the place of the old one.
     void load(const QUrl& page) const;
+    /// Loads the session page anew; whether its frame and the home page's tabs have come.
+    bool showSession() const;
     /// The page on show, without its folder: "login.html".
     QString page() const;
     bool waitForPage(const QString& name, int milliseconds = 10000) const;

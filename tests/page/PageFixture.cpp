@@ -7,9 +7,6 @@
 #include <QWebView>
 #include <QtTest>
 
-const QString hostileText =
-    QStringLiteral("\"><img src=x onerror=\"window.pwned=1\">'\\\n</script>");
-
 namespace
 {
 
@@ -43,11 +40,8 @@ Console& PageFixture::console() const
 
 void PageFixture::openPage(const QString& open, const QString& isThere, Slots calls)
 {
-    console().load(LocalPage::sessionUrl);
-    QVERIFY(console().waitForPage("index.html"));
-    QVERIFY(
-        console().waitFor("$('#top_menu #device_list').length > 0 && "
-                          "$('#modalShowVersion').length > 0 && $('#selected_devices').length"));
+    QVERIFY(console().showSession());
+    QVERIFY(console().waitFor("$('#selected_devices').length > 0"));
     if (calls == Slots::Recorded) {
         run(slotRecorder());
     }

@@ -6,7 +6,6 @@
 #include <QtTest>
 
 /// A text that would do harm as mark-up or as script.
-extern const QString hostileText;
 
 /// The session frame with one of its pages open, for tests of what the page shows and asks for.
 class PageFixture : public QObject

@@ -7,7 +7,6 @@
 #include "network/TcpClient.h"
 #include "page/Console.h"
 #include "page/ScriptCall.h"
-#include "view/LocalPage.h"
 #include "view/WebView.h"
 
 #include <QJsonDocument>
@@ -47,13 +46,6 @@ private:
     std::unique_ptr<Console> console;
 };
 
-namespace
-{
-
-const QString hostile = QStringLiteral("\"><img src=x onerror=\"window.pwned=1\">'\\</script>");
-
-} // namespace
-
 void AdministrationPageTest::initTestCase()
 {
     console = std::make_unique<Console>();
@@ -69,9 +61,7 @@ void AdministrationPageTest::init()
     addUser(1, QStringLiteral("guard"), QStringLiteral("Охрана, пост 1"), QStringLiteral("guards"));
     addUser(2, QStringLiteral("night"), QStringLiteral("Охрана, ночь"), QString());
     Data::userList.at(0)->setCurrent(true);
-    console->load(LocalPage::sessionUrl);
-    QVERIFY(console->waitForPage("index.html"));
-    QVERIFY(console->waitFor("$('#modalShowVersion').length > 0"));
+    QVERIFY(console->showSession());
     console->value("modalLoadingHide()");
 }
 
@@ -281,16 +271,16 @@ void AdministrationPageTest::addDialogAddsAndWaitsForTheAnswer()
 
 void AdministrationPageTest::hostileNamesAreText()
 {
-    addUser(9, hostile, hostile, hostile);
-    addRole(9, hostile);
+    addUser(9, hostileText, hostileText, hostileText);
+    addRole(9, hostileText);
     openUsers();
     console->value("$('#9').click()");
-    QCOMPARE(console->text("$('#title_9').text()"), hostile);
-    QCOMPARE(console->text("$('#user_name').text()"), hostile);
-    QCOMPARE(console->text("$('#user_role').val()"), hostile);
-    QCOMPARE(console->text("$('#select2-user_role-container').text()"), hostile);
+    QCOMPARE(console->text("$('#title_9').text()"), hostileText);
+    QCOMPARE(console->text("$('#user_name').text()"), hostileText);
+    QCOMPARE(console->text("$('#user_role').val()"), hostileText);
+    QCOMPARE(console->text("$('#select2-user_role-container').text()"), hostileText);
     console->value("$('#9 button').click()");
-    QCOMPARE(console->text("$('#deleteUserName').text()"), hostile);
+    QCOMPARE(console->text("$('#deleteUserName').text()"), hostileText);
     QVERIFY(
         console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
 }
@@ -360,9 +350,9 @@ void AdministrationPageTest::soundSettingsAreReadTestedAndStored()
     console->value("$('#settings_media_start').click()");
     QVERIFY(console->waitFor("$('#modalMicrophoneNotSelected').hasClass('in')"));
     console->value("$('#modalMicrophoneNotSelected .accept').click()");
-    Page::call("wrapperInput_settings_addMediaInput", hostile);
-    Page::call("wrapperInput_settings_mediaInputSelect", hostile);
-    QCOMPARE(console->text("$('#select2-settings_media_input-container').text()"), hostile);
+    Page::call("wrapperInput_settings_addMediaInput", hostileText);
+    Page::call("wrapperInput_settings_mediaInputSelect", hostileText);
+    QCOMPARE(console->text("$('#select2-settings_media_input-container').text()"), hostileText);
     QVERIFY(
         console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
     console->picture("settings-sound");
@@ -375,7 +365,7 @@ void AdministrationPageTest::soundSettingsAreReadTestedAndStored()
     console->value("settingsAudioErrorHide(); $('#settings_volume_microphone').val(65); "
                    "$('#save').click()");
     QVERIFY(console->waitFor("$('#modalSaved').hasClass('in')"));
-    QCOMPARE(Data::settings->value("audio/input").toString(), hostile);
+    QCOMPARE(Data::settings->value("audio/input").toString(), hostileText);
     QCOMPARE(Data::settings->value("volume/microphone").toInt(), 65);
     QCOMPARE(Data::settings->value("volume/warning").toInt(), 80);
 
