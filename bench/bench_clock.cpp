@@ -75,7 +75,7 @@ int main(int argc, char** argv)
     const int ticks = Measure::option(argc, argv, "--ticks", 200);
     Measure::Report report;
     qint64 length = 0;
-    Page::setSink([&](const QString& script) { length += script.size(); });
+    Page::setSink([&](const Page::Call& call) { length += call.script().size(); });
     fillMirror(playbacks, tracks);
     PlaybackUpdater clock;
     std::vector<Measure::Way> ways{

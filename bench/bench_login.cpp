@@ -3,7 +3,6 @@
 
 #include "Measure.h"
 #include "app/Data.h"
-#include "log/Logger.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/User.h"

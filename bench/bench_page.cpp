@@ -4,7 +4,6 @@
 
 #include "Measure.h"
 #include "app/Data.h"
-#include "log/Logger.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Zone.h"
@@ -147,12 +146,13 @@ QByteArray statePush(int order)
 QStringList scriptsOf(const QByteArray& push, WebView& view)
 {
     QStringList scripts;
-    Page::setSink([&](const QString& script) {
+    Page::setSink([&](const Page::Call& call) {
+        const QString script = call.script();
         scripts.append(script);
         view.runJavascript(script);
     });
     Data::parser.parse(push);
-    Page::setSink([&](const QString& script) { view.runJavascript(script); });
+    Page::setSink([&](const Page::Call& call) { view.runJavascript(call.script()); });
     return scripts;
 }
 

@@ -3,7 +3,7 @@
 
 #include "Measure.h"
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "network/NetworkParser.h"
 #include "network/TcpClient.h"
 #include "protocol/Request.h"
@@ -262,8 +262,8 @@ int main(int argc, char* argv[])
     Measure::Report report;
     QSettings settings(report.path() + QStringLiteral("/config.ini"), QSettings::IniFormat);
     settings.setValue(QStringLiteral("path/log"), report.path());
-    Data::logger.setConfig(&settings);
-    Data::logger.setPort(&Data::localPort);
+    Log::logger().setConfig(&settings);
+    Log::logger().setPort(&Data::localPort);
     makeCertificate(report.path());
     QProcess server;
     const int port = startServer(server, report.path());

@@ -3,8 +3,8 @@
 
 #include "Measure.h"
 #include "app/Data.h"
+#include "log/Log.h"
 #include "log/LogSettings.h"
-#include "log/Logger.h"
 #include "network/JsonStreamSplitter.h"
 #include "network/NetworkParser.h"
 
@@ -124,7 +124,7 @@ void readAndLog(const QVector<QByteArray>& texts)
 {
     for (const QByteArray& text : texts) {
         take(QJsonDocument::fromJson(text).object());
-        Data::logger.message(QStringLiteral("Input packet: "));
+        Log::message(QStringLiteral("Input packet: "));
     }
 }
 
@@ -186,10 +186,10 @@ int main(int argc, char* argv[])
     for (int level = LogLevel::Connect; level < LogLevel::End; ++level) {
         switches.set(level, true);
     }
-    Data::logger.setConfig(&settings);
-    Data::logger.setSettings(&switches);
-    Data::logger.setDebug(&Data::debugMode);
-    Data::logger.setPort(&Data::localPort);
+    Log::logger().setConfig(&settings);
+    Log::logger().setSettings(&switches);
+    Log::logger().setDebug(&Data::debugMode);
+    Log::logger().setPort(&Data::localPort);
     Data::localPort = 51234;
     registerHandlers();
 

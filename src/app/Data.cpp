@@ -1,6 +1,5 @@
 #include "app/Data.h"
 
-#include "log/Logger.h"
 #include "model/Device.h"
 #include "model/DeviceMemory.h"
 #include "model/Firmware.h"
@@ -43,7 +42,6 @@ const QString Data::clientVersion = makeClientVersion();
 bool Data::debugMode = false;
 QSettings* Data::settings = nullptr;
 LogSettings* Data::logSettings = nullptr;
-Logger Data::logger;
 WebView* Data::webView = nullptr;
 TcpClient Data::tcpClient;
 ModelList<Device> Data::deviceList;

@@ -7,7 +7,6 @@
 class AudioManager;
 class Device;
 class LogSettings;
-class Logger;
 class NetworkParser;
 class Playback;
 class Playlist;
@@ -44,7 +43,6 @@ public:
     static bool debugMode;              ///< `--debug` was given
     static QSettings* settings;         ///< config.ini
     static LogSettings* logSettings;
-    static Logger logger;
     static WebView* webView;
     static TcpClient tcpClient;
     static NetworkParser parser;

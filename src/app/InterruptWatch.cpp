@@ -1,7 +1,7 @@
 #include "app/InterruptWatch.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 
 #include <QSocketNotifier>
 
@@ -47,7 +47,7 @@ void InterruptWatch::interrupted()
 {
     char byte = 0;
     while (::read(pipeEnds[0], &byte, 1) == 1) {
-        Data::logger.message("Error");
+        Log::message("Error");
     }
 }
 #else

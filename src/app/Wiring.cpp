@@ -13,7 +13,7 @@ namespace Wiring
 void joinView()
 {
     WebView* const view = Data::webView;
-    Page::setSink([view](const QString& script) { view->runJavascript(script); });
+    Page::setSink([view](const Page::Call& call) { view->runJavascript(call.script()); });
     Data::tcpClient.setReadHook([view](bool isReading) { view->collectScripts(isReading); });
     Data::tcpClient.setSessionEndHook([view] {
         if (Data::audioManager) {

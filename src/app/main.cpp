@@ -2,8 +2,8 @@
 #include "app/Data.h"
 #include "app/InterruptWatch.h"
 #include "app/Wiring.h"
+#include "log/Log.h"
 #include "log/LogSettings.h"
-#include "log/Logger.h"
 #include "media/AudioManager.h"
 #include "media/PlaybackUpdater.h"
 #include "model/ServerList.h"
@@ -23,9 +23,9 @@ void readCommandLine()
 {
     const QStringList arguments = QCoreApplication::arguments();
     for (const QString& argument : arguments) {
-        Data::logger.message(QStringLiteral("Command line argument: ") + argument);
+        Log::message(QStringLiteral("Command line argument: ") + argument);
         if (argument == QLatin1String("--debug")) {
-            Data::logger.message("Debug mode enabled");
+            Log::message("Debug mode enabled");
             Data::debugMode = true;
         }
     }
@@ -33,10 +33,10 @@ void readCommandLine()
 
 void logStart()
 {
-    Data::logger.message("Program started");
-    Data::logger.message("Program started debug", LogLevel::Debug);
-    Data::logger.message(QStringLiteral("Program version: ") + Data::clientVersion);
-    Data::logger.message(QStringLiteral("Load config: ") + Data::settings->fileName());
+    Log::message("Program started");
+    Log::message("Program started debug", LogLevel::Debug);
+    Log::message(QStringLiteral("Program version: ") + Data::clientVersion);
+    Log::message(QStringLiteral("Load config: ") + Data::settings->fileName());
 }
 
 void readConfiguration()
@@ -69,10 +69,10 @@ int main(int argc, char* argv[])
     Data::settings = &settings;
     LogSettings logSettings;
     Data::logSettings = &logSettings;
-    Data::logger.setPort(&Data::localPort);
-    Data::logger.setConfig(&settings);
-    Data::logger.setDebug(&Data::debugMode);
-    Data::logger.setSettings(&logSettings);
+    Log::logger().setPort(&Data::localPort);
+    Log::logger().setConfig(&settings);
+    Log::logger().setDebug(&Data::debugMode);
+    Log::logger().setSettings(&logSettings);
     const InterruptWatch interruptWatch;
     readCommandLine();
     logStart();
@@ -96,8 +96,8 @@ int main(int argc, char* argv[])
 
     audioManager.release();
     Data::tcpClient.close();
-    Data::logger.message("Program finished");
-    Data::logger.message(QString(82, QLatin1Char('-')));
+    Log::message("Program finished");
+    Log::message(QString(82, QLatin1Char('-')));
     Page::setSink({});
     return 0;
 }

@@ -1,7 +1,7 @@
 #include "media/AudioManager.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "media/CaptureOptions.h"
 #include "media/CapturePlayer.h"
 #include "page/ScriptCall.h"
@@ -41,11 +41,11 @@ AudioManager::~AudioManager() = default;
 
 void AudioManager::start(QJsonObject reply)
 {
-    Data::logger.message("Translation start");
+    Log::message("Translation start");
     setPlayed(false);
     const int port = reply.value(QLatin1String("port")).toInt();
     if (port <= 0 || port > highestPort) {
-        Data::logger.message("Translation without a port");
+        Log::message("Translation without a port");
         streamFailed();
         return;
     }
@@ -69,13 +69,13 @@ void AudioManager::start(QJsonObject reply)
 void AudioManager::stop()
 {
     setPlayed(false);
-    Data::logger.message("Translation stop");
+    Log::message("Translation stop");
     Page::call("modalAudioTranslationStoped");
 }
 
 void AudioManager::startTest(QString& device)
 {
-    Data::logger.message("Sound test start");
+    Log::message("Sound test start");
     test.reset();
     test = CapturePlayer::open(Capture::test(device), fullVolume);
     if (!test) {
@@ -88,7 +88,7 @@ void AudioManager::startTest(QString& device)
 void AudioManager::stopTest()
 {
     test.reset();
-    Data::logger.message("Sound test stop");
+    Log::message("Sound test stop");
 }
 
 void AudioManager::setPlayed(bool value)
@@ -123,7 +123,7 @@ void AudioManager::watchInput(const QString& input)
 
 void AudioManager::streamFailed()
 {
-    Data::logger.message("Translation failed");
+    Log::message("Translation failed");
     setPlayed(false);
     Page::call("modalAudioTranslationStartError");
     send(PlaybackCommand::StopRedirection);
@@ -131,7 +131,7 @@ void AudioManager::streamFailed()
 
 void AudioManager::testFailed()
 {
-    Data::logger.message("Sound test failed");
+    Log::message("Sound test failed");
     test.reset();
     Page::call("settingsAudioError");
 }

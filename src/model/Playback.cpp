@@ -1,7 +1,7 @@
 #include "model/Playback.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/Device.h"
 #include "model/Playlist.h"
 #include "model/Track.h"
@@ -30,7 +30,7 @@ void Playback::setTimeShift(double seconds)
 void Playback::setPlaybackType(int category)
 {
     playbackType = category;
-    Data::logger.message(QStringLiteral("Playback set type: ") + QString::number(playbackType));
+    Log::message(QStringLiteral("Playback set type: ") + QString::number(playbackType));
 }
 
 void Playback::setTaskId(int startingTaskId)

@@ -1,7 +1,7 @@
 #include "model/ServerList.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -50,10 +50,10 @@ bool ServerList::addServer(const Server& server)
         return other.ip == server.ip && other.port == server.port;
     });
     if (known) {
-        Data::logger.message("Server already exist");
+        Log::message("Server already exist");
         return false;
     }
-    Data::logger.message("Server added");
+    Log::message("Server added");
     servers.append(server);
     saveList();
     return true;
@@ -80,13 +80,13 @@ void ServerList::loadList()
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        Data::logger.message(QStringLiteral("Server list not readable: ") + file.errorString());
+        Log::message(QStringLiteral("Server list not readable: ") + file.errorString());
         return;
     }
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
     if (!document.isObject()) {
-        Data::logger.message(QStringLiteral("Server list not valid: ") + error.errorString());
+        Log::message(QStringLiteral("Server list not valid: ") + error.errorString());
         return;
     }
     const QJsonArray entries = document.object().value(QLatin1String("servers")).toArray();
@@ -94,7 +94,7 @@ void ServerList::loadList()
         if (const std::optional<Server> server = readServer(entry)) {
             servers.append(*server);
         } else {
-            Data::logger.message("Server list: entry left out");
+            Log::message("Server list: entry left out");
         }
     }
 }
@@ -115,6 +115,6 @@ void ServerList::saveList() const
             0 &&
         file.commit();
     if (!written) {
-        Data::logger.message(QStringLiteral("Server list not saved: ") + file.errorString());
+        Log::message(QStringLiteral("Server list not saved: ") + file.errorString());
     }
 }

@@ -1,8 +1,7 @@
 #include "network/NetworkParser.h"
 
 #include "app/Data.h"
-#include "log/LogSettings.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "network/Fields.h"
 
 #include <QJsonDocument>
@@ -15,14 +14,14 @@ namespace
 
 void log(const QString& text, int level = LogLevel::Always)
 {
-    Data::logger.message(text, level);
+    Log::message(text, level);
 }
 
 /// The whole message, for the traffic trace only: the text is dear for a large one.
 void logDocument(const QJsonObject& message)
 {
-    if (Data::logger.isWritten(LogLevel::Debug)) {
-        Data::logger.message(QJsonDocument(message).toJson(), LogLevel::Debug);
+    if (Log::isWritten(LogLevel::Debug)) {
+        Log::message(QJsonDocument(message).toJson(), LogLevel::Debug);
     }
 }
 
@@ -105,7 +104,7 @@ void NetworkParser::parsePush(const QJsonObject& message)
 void NetworkParser::logReply(const QJsonObject& message, const QString& protocol,
                              const QString& command, const QString& response) const
 {
-    const Logger::Burst burst(Data::logger);
+    const Logger::Burst burst(Log::logger());
     log(QStringLiteral("Packet answer: "));
     log(QStringLiteral("Order id: ") + QString::number(message.value(packetPrefix).toInt()));
     log(QStringLiteral("Protocol: ") + protocol);

@@ -1,8 +1,7 @@
 #include "network/TcpClient.h"
 
 #include "app/Data.h"
-#include "log/LogSettings.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "network/NetworkParser.h"
 
 #include <QHostAddress>
@@ -66,7 +65,7 @@ bool TcpClient::connectToServer(const QString& host, int port)
         // Came along with the handshake, before anybody listened for it.
         QMetaObject::invokeMethod(this, &TcpClient::readMessage, Qt::QueuedConnection);
     }
-    Data::logger.message("Connection success");
+    Log::message("Connection success");
     writeTimer.start(firstTickMilliseconds);
     return true;
 }
@@ -79,17 +78,17 @@ bool TcpClient::waitForConnection(const QString& host, int port)
     }
     if (!socket->waitForEncrypted(encryptedTimeoutMilliseconds)) {
         const QList<QSslError> errors = socket->sslHandshakeErrors();
-        Data::logger.message(QStringLiteral("SSL error count ") + QString::number(errors.size()));
+        Log::message(QStringLiteral("SSL error count ") + QString::number(errors.size()));
         for (int index = 0; index < errors.size(); ++index) {
-            Data::logger.message(QString::number(index) + QStringLiteral(". ") +
-                                 errors.at(index).errorString());
+            Log::message(QString::number(index) + QStringLiteral(". ") +
+                         errors.at(index).errorString());
         }
-        Data::logger.message(socket->errorString());
+        Log::message(socket->errorString());
         socket->abort();
         return false;
     }
     if (!socket->waitForConnected(connectedTimeoutMilliseconds)) {
-        Data::logger.message("Connection error");
+        Log::message("Connection error");
         return false;
     }
     return true;
@@ -97,7 +96,7 @@ bool TcpClient::waitForConnection(const QString& host, int port)
 
 void TcpClient::handshake()
 {
-    Data::logger.message("Handshake success");
+    Log::message("Handshake success");
 }
 
 int TcpClient::getLocalPort() const
@@ -108,8 +107,8 @@ int TcpClient::getLocalPort() const
 void TcpClient::write(const QByteArray& message)
 {
     messages.append(message);
-    if (Data::logger.isWritten(LogLevel::Debug)) {
-        Data::logger.message("Quered message: " + message, LogLevel::Debug);
+    if (Log::isWritten(LogLevel::Debug)) {
+        Log::message("Quered message: " + message, LogLevel::Debug);
     }
     scheduleWriting();
 }
@@ -156,17 +155,17 @@ bool TcpClient::logSent(const QByteArray& text)
 {
     const QJsonObject message = QJsonDocument::fromJson(text).object();
     const bool expectsAnswer = message.value(QLatin1String("request")).isString();
-    const Logger::Burst burst(Data::logger);
-    Data::logger.message(QStringLiteral("Output message: "));
+    const Logger::Burst burst(Log::logger());
+    Log::message(QStringLiteral("Output message: "));
     if (expectsAnswer) {
-        Data::logger.message(QStringLiteral("Protocol: ") +
-                             message.value(QLatin1String("request")).toString());
-        Data::logger.message(QStringLiteral("Command: ") +
-                             message.value(QLatin1String("action")).toString());
+        Log::message(QStringLiteral("Protocol: ") +
+                     message.value(QLatin1String("request")).toString());
+        Log::message(QStringLiteral("Command: ") +
+                     message.value(QLatin1String("action")).toString());
     }
-    Data::logger.message(text, LogLevel::Debug);
+    Log::message(text, LogLevel::Debug);
     if (expectsAnswer) {
-        Data::logger.message("Waiting for answer", LogLevel::Debug);
+        Log::message("Waiting for answer", LogLevel::Debug);
     }
     return expectsAnswer;
 }
@@ -196,14 +195,14 @@ void TcpClient::readMessage()
             received(splitter.object());
             break;
         case JsonStreamSplitter::Found::Garbage:
-            Data::logger.message("Dropped what is no object in the stream");
+            Log::message("Dropped what is no object in the stream");
             break;
         case JsonStreamSplitter::Found::TooDeep:
-            Data::logger.message("Dropped message: nested too deeply");
+            Log::message("Dropped message: nested too deeply");
             releaseQueue();
             break;
         case JsonStreamSplitter::Found::TooLarge:
-            Data::logger.message("Message too large, connection closed");
+            Log::message("Message too large, connection closed");
             exit();
             return;
         }

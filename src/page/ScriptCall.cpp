@@ -1,5 +1,6 @@
 #include "page/ScriptCall.h"
 
+#include <cmath>
 #include <utility>
 
 namespace Page
@@ -26,16 +27,28 @@ void setSink(Sink sink)
     currentSink() = std::move(sink);
 }
 
-void run(const QString& script)
+QString Call::script() const
+{
+    return function + QLatin1Char('(') + arguments + QLatin1String(");");
+}
+
+QString Call::json() const
+{
+    const QString separator = arguments.isEmpty() ? QString() : QStringLiteral(",");
+    return QLatin1String("[\"") + function + QLatin1Char('"') + separator + arguments +
+           QLatin1Char(']');
+}
+
+void run(const Call& call)
 {
     if (currentSink()) {
-        currentSink()(script);
+        currentSink()(call);
     }
 }
 
 QString literal(double number)
 {
-    return QString::number(number, 'g', 6);
+    return std::isfinite(number) ? QString::number(number, 'g', 6) : QStringLiteral("null");
 }
 
 QString literal(const QString& text)

@@ -10,14 +10,26 @@
 namespace Page
 {
 
-/// Receives the text of each call, such as `wrapperInput_device_setName(12,"Hall");`.
-using Sink = std::function<void(const QString&)>;
+/// One call: the function, and its arguments as literals with commas between. The literals are
+/// those of JSON, which the script language reads the same.
+struct Call {
+    QString function;
+    QString arguments;
+
+    /// As script text: `wrapperInput_device_setName(12,"Hall");`.
+    QString script() const;
+    /// As data: `["wrapperInput_device_setName",12,"Hall"]`.
+    QString json() const;
+};
+
+/// Receives each call.
+using Sink = std::function<void(const Call&)>;
 
 /// Installs the receiver of all later calls; an empty one drops them.
 void setSink(Sink sink);
 
-/// Hands one script text to the sink.
-void run(const QString& script);
+/// Hands one call to the sink.
+void run(const Call& call);
 
 /// The argument as a script literal: whole numbers decimal, doubles in `%g` with six digits, bools
 /// as 0 and 1, text in double quotes with everything escaped that could end the literal or the
@@ -40,19 +52,15 @@ template <class Number> std::enable_if_t<std::is_integral_v<Number>, QString> li
 /// Calls `function` in the page. Callers pass values as they are and never escape.
 template <class... Arguments> void call(const char* function, const Arguments&... arguments)
 {
-    QString script = QLatin1String(function);
-    script += QLatin1Char('(');
-    [[maybe_unused]] bool first = true;
-    [[maybe_unused]] const auto append = [&](const QString& argument) {
-        if (!first) {
-            script += QLatin1Char(',');
+    Call result{QString::fromLatin1(function), {}};
+    [[maybe_unused]] const auto append = [&result](const QString& argument) {
+        if (!result.arguments.isEmpty()) {
+            result.arguments += QLatin1Char(',');
         }
-        first = false;
-        script += argument;
+        result.arguments += argument;
     };
     (append(literal(arguments)), ...);
-    script += QLatin1String(");");
-    run(script);
+    run(result);
 }
 
 } // namespace Page

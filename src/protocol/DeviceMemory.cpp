@@ -1,7 +1,7 @@
 #include "protocol/DeviceMemory.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/Device.h"
 #include "model/DeviceMemory.h"
 #include "model/ModelList.h"
@@ -56,14 +56,14 @@ void takeList(const QJsonObject& reply, QVector<Entry>& entries, void (*forget)(
     const auto list = Fields::array(reply, "list");
     const Device* const device = DeviceState::requested(reply);
     if (!succeeded(reply) || !list || !device) {
-        Data::logger.message("Ignored list of a unit's memory");
+        Log::message("Ignored list of a unit's memory");
         return;
     }
     forget(device->getId());
     for (const QJsonValue& element : *list) {
         const auto entry = read(device->getId(), element.toObject());
         if (!entry) {
-            Data::logger.message("Dropped entry of a unit's memory");
+            Log::message("Dropped entry of a unit's memory");
             continue;
         }
         entries.append(*entry);
@@ -81,7 +81,7 @@ void setPlaying(Device& device, int messagePosition, int scenarioPosition)
 /// The common end of a start from memory.
 void started(const QJsonObject& reply, PlaybackCategory::Number category)
 {
-    Data::logger.message("Start play message");
+    Log::message("Start play message");
     if (!succeeded(reply)) {
         showRefusal(reply, playRefusals);
         return;
@@ -90,7 +90,7 @@ void started(const QJsonObject& reply, PlaybackCategory::Number category)
     const auto groupId = Fields::integer(reply, "playbackGroupId");
     const auto position = Fields::integer(request(reply), "position");
     if (!device || !groupId || !position) {
-        Data::logger.message("Ignored start from memory");
+        Log::message("Ignored start from memory");
         return;
     }
     const bool isMessage = category == PlaybackCategory::MemoryMessage;
@@ -111,7 +111,7 @@ void takeGroup(const QJsonObject& group)
     const auto devices = Fields::array(group, "devices");
     const bool isMessage = type == QStringLiteral("message");
     if (!id || !reported || !devices || (!isMessage && type != QStringLiteral("scenario"))) {
-        Data::logger.message("Dropped group of playbacks from memory");
+        Log::message("Dropped group of playbacks from memory");
         return;
     }
     const int position = qMax(*reported, 0);
@@ -119,7 +119,7 @@ void takeGroup(const QJsonObject& group)
         const auto deviceId = Fields::integer(value);
         Device* const device = deviceId ? Data::getDeviceById(*deviceId) : nullptr;
         if (!device) {
-            Data::logger.message("Dropped unknown unit of a group of playbacks from memory");
+            Log::message("Dropped unknown unit of a group of playbacks from memory");
             continue;
         }
         device->setPlaybackGroupId(*id);
@@ -145,22 +145,22 @@ void protocolDeviceCommandGetAvailableMemory(const QJsonObject& reply)
 
 void protocolDeviceCommandListMessages(const QJsonObject& reply)
 {
-    Data::logger.message("Start parse message list");
+    Log::message("Start parse message list");
     takeList<Message>(reply, Data::messageList, Data::deleteDeviceMessages, readMessage);
 }
 
 void protocolDeviceCommandListScenarios(const QJsonObject& reply)
 {
-    Data::logger.message("Start parse scenario list");
+    Log::message("Start parse scenario list");
     takeList<Scenario>(reply, Data::scenarioList, Data::deleteDeviceScenarios, readScenario);
 }
 
 void protocolDeviceCommandGetPlays(const QJsonObject& reply)
 {
-    Data::logger.message("Get play message");
+    Log::message("Get play message");
     const auto groups = Fields::array(reply, "playbackGroups");
     if (!succeeded(reply) || !groups) {
-        Data::logger.message("Ignored playbacks from memory: no list of groups");
+        Log::message("Ignored playbacks from memory: no list of groups");
         return;
     }
     for (const QJsonValue& group : *groups) {

@@ -1,7 +1,7 @@
 #include "protocol/DeviceState.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/DeviceWords.h"
 #include "model/ModelList.h"
 #include "network/Fields.h"
@@ -97,8 +97,7 @@ Device* requested(const QJsonObject& reply)
     const auto id = Fields::integer(request(reply), "id");
     Device* const device = id ? Data::getDeviceById(*id) : nullptr;
     if (!device) {
-        Data::logger.message(
-            QStringLiteral("Ignored reply: unknown device %1").arg(id.value_or(0)));
+        Log::message(QStringLiteral("Ignored reply: unknown device %1").arg(id.value_or(0)));
     }
     return device;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/Words.h"
 #include "network/Fields.h"
 
@@ -56,9 +56,9 @@ public:
     /// Says that a field, or an element of one, was left out.
     void logIgnored(const char* field) const
     {
-        Data::logger.message(QStringLiteral("Ignored field %1 of %2 %3")
-                                 .arg(QLatin1String(field), QLatin1String(messageName),
-                                      QString::number(target.getId())));
+        Log::message(QStringLiteral("Ignored field %1 of %2 %3")
+                         .arg(QLatin1String(field), QLatin1String(messageName),
+                              QString::number(target.getId())));
     }
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/ModelList.h"
 #include "network/Fields.h"
 #include "page/ScriptCall.h"
@@ -24,7 +24,7 @@ inline QVector<NamedEntry> namedEntries(const QJsonArray& elements, const char* 
         if (const auto name = Fields::text(fields, "name")) {
             result.append({*name, fields});
         } else {
-            Data::logger.message(QStringLiteral("Dropped %1 of the list: no name").arg(what));
+            Log::message(QStringLiteral("Dropped %1 of the list: no name").arg(what));
         }
     }
     return result;
@@ -35,14 +35,14 @@ template <class T>
 void removeUnnamed(ModelList<T>& list, const QVector<NamedEntry>& entries, const char* what,
                    const char* deleteScript)
 {
-    Data::logger.message(QStringLiteral("Founded %1 remove").arg(what));
+    Log::message(QStringLiteral("Founded %1 remove").arg(what));
     QSet<QString> names;
     for (const NamedEntry& entry : entries) {
         names.insert(entry.name);
     }
     const auto isGone = [&](const T& item) { return !names.contains(item.getName()); };
     while (const T* const gone = list.findIf(isGone)) {
-        Data::logger.message(QStringLiteral("Deleted %1: %2").arg(what).arg(gone->getId()));
+        Log::message(QStringLiteral("Deleted %1: %2").arg(what).arg(gone->getId()));
         Page::call(deleteScript, gone->getId());
         list.remove(gone);
     }

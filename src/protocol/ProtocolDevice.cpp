@@ -1,7 +1,7 @@
 #include "protocol/ProtocolDevice.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/Device.h"
 #include "model/DeviceWords.h"
 #include "model/ModelList.h"
@@ -113,7 +113,7 @@ void addDevice(int id, const QJsonObject& element)
 {
     auto made = std::make_unique<Device>();
     made->setId(id);
-    Data::logger.message(QStringLiteral("Founded new device: ") + QString::number(id));
+    Log::message(QStringLiteral("Founded new device: ") + QString::number(id));
     FieldSetter set(*made, element, "getDevices");
     DeviceState::readVolume(set);
     DeviceState::readLink(set);
@@ -135,14 +135,14 @@ void protocolDeviceCommandGetDevices(const QJsonObject& reply)
 {
     const auto elements = Fields::array(reply, "devices");
     if (!succeeded(reply) || !elements) {
-        Data::logger.message("Ignored getDevices: no list of units");
+        Log::message("Ignored getDevices: no list of units");
         return;
     }
     for (const QJsonValue& value : *elements) {
         const QJsonObject element = value.toObject();
         const auto id = Fields::integer(element, "id");
         if (!id) {
-            Data::logger.message("Dropped unit of getDevices: no id");
+            Log::message("Dropped unit of getDevices: no id");
         } else if (Device* const known = Data::getDeviceById(*id)) {
             refreshDevice(*known, element);
         } else {
@@ -154,7 +154,7 @@ void protocolDeviceCommandGetDevices(const QJsonObject& reply)
 void protocolDeviceCommandGetState(const QJsonObject& reply)
 {
     const auto id = Fields::integer(reply, "id");
-    Data::logger.message(QStringLiteral("Get device %1 status").arg(id.value_or(0)));
+    Log::message(QStringLiteral("Get device %1 status").arg(id.value_or(0)));
     Device* const device = id ? Data::getDeviceById(*id) : nullptr;
     if (!succeeded(reply) || !device) {
         return;

@@ -1,7 +1,7 @@
 #include "protocol/ProtocolPlayback.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Playback.h"
@@ -85,7 +85,7 @@ void removeAbandoned(int playbackId)
         [=](const Device& device) { return device.getPlayback() == playbackId; });
     const Playback* const playback = Data::getPlaybackById(playbackId);
     if (playback && !carrier) {
-        Data::logger.message("Playback destroed");
+        Log::message("Playback destroed");
         Data::playbackList.remove(playback);
     }
 }
@@ -95,11 +95,11 @@ void putOnDevices(const Playback& playback)
     for (const int deviceId : playback.getDeviceList()) {
         Device* const device = Data::getDeviceById(deviceId);
         if (!device) {
-            Data::logger.message(QStringLiteral("Started on unknown device %1").arg(deviceId));
+            Log::message(QStringLiteral("Started on unknown device %1").arg(deviceId));
             continue;
         }
         const int oldId = device->getPlayback();
-        Data::logger.message(QStringLiteral("Old playback: ") + QString::number(oldId));
+        Log::message(QStringLiteral("Old playback: ") + QString::number(oldId));
         PlaybackState::setPlayback(*device, playback.getId(), playback.getCategory());
         removeAbandoned(oldId);
     }
@@ -137,7 +137,7 @@ void protocolPlaybackCommandPlay(const QJsonObject& reply)
     }
     const auto id = Fields::integer(reply, "playbackId");
     if (!id) {
-        Data::logger.message("Ignored start: no playback");
+        Log::message("Ignored start: no playback");
         return;
     }
     Playback* const known = Data::getPlaybackById(*id);
@@ -211,5 +211,5 @@ void protocolPlaybackCommandSetVolume(const QJsonObject& reply)
 
 void protocolPlaybackCommandGetTrack(const QJsonObject&)
 {
-    Data::logger.message("Get track");
+    Log::message("Get track");
 }

@@ -1,7 +1,7 @@
 #include "protocol/ProtocolRole.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/ModelList.h"
 #include "model/Role.h"
 #include "model/User.h"
@@ -90,7 +90,7 @@ Role* requestedRole(const QJsonObject& reply)
     const QString name = Fields::text(request(reply), "name").value_or(QString());
     Role* const role = Data::getRoleByName(name);
     if (!role) {
-        Data::logger.message(QStringLiteral("Ignored reply: unknown role ") + name);
+        Log::message(QStringLiteral("Ignored reply: unknown role ") + name);
     }
     return role;
 }
@@ -99,11 +99,11 @@ void takeUsers(Role& role, const QJsonObject& entry)
 {
     const auto users = Fields::array(entry, "users");
     if (!users) {
-        Data::logger.message("Ignored users of a role: no list");
+        Log::message("Ignored users of a role: no list");
         return;
     }
     for (const NamedEntry& user : namedEntries(*users, "role's user")) {
-        Data::logger.message(QStringLiteral("Found user ") + user.name);
+        Log::message(QStringLiteral("Found user ") + user.name);
         if (!role.users.contains(user.name)) {
             role.users.append(user.name);
         }
@@ -114,7 +114,7 @@ void takeRole(const QString& name, const QJsonObject& entry)
 {
     Role* role = Data::getRoleByName(name);
     const bool isKnown = role != nullptr;
-    Data::logger.message(QLatin1String(isKnown ? "Found role " : "New role ") + name);
+    Log::message(QLatin1String(isKnown ? "Found role " : "New role ") + name);
     if (!isKnown) {
         role = &appendRole(name);
     }
@@ -131,7 +131,7 @@ void setRoleOfUser(const QJsonObject& asked, const QString& role)
     if (User* const user = Data::getUserByName(name)) {
         user->setRole(role);
     } else {
-        Data::logger.message(QStringLiteral("Ignored reply: unknown user ") + name);
+        Log::message(QStringLiteral("Ignored reply: unknown user ") + name);
     }
 }
 

@@ -1,8 +1,7 @@
 #include "protocol/ProtocolUser.h"
 
 #include "app/Data.h"
-#include "log/LogSettings.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/ModelList.h"
 #include "model/Role.h"
 #include "model/User.h"
@@ -72,7 +71,7 @@ User* takeCurrentUser(const QString& name)
 
 void logWrongPassword()
 {
-    Data::logger.message("access_error: forbbiden", LogLevel::AccessError);
+    Log::message("access_error: forbbiden", LogLevel::AccessError);
 }
 
 void answerLock(const QJsonObject& reply)
@@ -125,7 +124,7 @@ void initProtocolUser(NetworkParser* parser)
 void protocolUserCommandLogin(const QJsonObject& reply)
 {
     const QString word = response(reply);
-    Data::logger.message(word);
+    Log::message(word);
     if (succeeded(reply)) {
         runHook(sessionHooks().loginSucceeded);
     } else if (word == QLatin1String("error")) {
@@ -134,7 +133,7 @@ void protocolUserCommandLogin(const QJsonObject& reply)
         if (const auto version = Fields::integer(reply, "version")) {
             Page::call("modalLoginVersionError", Data::apiVersion, *version);
         } else {
-            Data::logger.message("Dropped refused login: no version");
+            Log::message("Dropped refused login: no version");
         }
     }
 }
@@ -165,7 +164,7 @@ void protocolUserCommandGetInfo(const QJsonObject& reply)
     const auto name = Fields::text(reply, "name");
     const auto title = Fields::text(reply, "title");
     if (!name || !title) {
-        Data::logger.message("Dropped user information: no name or title");
+        Log::message("Dropped user information: no name or title");
         return;
     }
     if (User* const current = Data::getCurrentUser()) {

@@ -1,7 +1,7 @@
 #include "protocol/ProtocolZone.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Role.h"
@@ -69,7 +69,7 @@ Zone* requestedZone(const QJsonObject& reply)
     const auto id = Fields::integer(request(reply), "id");
     Zone* const zone = id ? Data::getZoneById(*id) : nullptr;
     if (!zone) {
-        Data::logger.message(QStringLiteral("Ignored reply: unknown zone %1").arg(id.value_or(0)));
+        Log::message(QStringLiteral("Ignored reply: unknown zone %1").arg(id.value_or(0)));
     }
     return zone;
 }
@@ -141,7 +141,7 @@ void protocolZoneCommandAdd(const QJsonObject& reply)
     }
     const auto id = Fields::integer(reply, "newId");
     if (!id || Data::getZoneById(*id)) {
-        Data::logger.message("Ignored new zone: no id, or known already");
+        Log::message("Ignored new zone: no id, or known already");
         return;
     }
     auto made = std::make_unique<Zone>();
@@ -211,7 +211,7 @@ void protocolZoneCommandIncludeDevice(const QJsonObject& reply)
     if (zone && device) {
         ZoneMembership::include(*zone, *device);
     } else {
-        Data::logger.message("Ignored inclusion: the zone or the unit has gone");
+        Log::message("Ignored inclusion: the zone or the unit has gone");
     }
 }
 

@@ -97,8 +97,7 @@ Role* roleOfReply(const QJsonObject& reply)
     const auto name = Fields::text(request(reply), "role");
     Role* const role = name ? Data::getRoleByName(*name) : Data::getCurrentRole();
     if (!role) {
-        Data::logger.message(QStringLiteral("Ignored reply: unknown role ") +
-                             name.value_or(QString()));
+        Log::message(QStringLiteral("Ignored reply: unknown role ") + name.value_or(QString()));
     }
     return role;
 }

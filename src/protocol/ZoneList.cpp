@@ -1,7 +1,7 @@
 #include "protocol/ZoneList.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Zone.h"
@@ -62,11 +62,11 @@ ZoneEntries readZones(const QJsonArray& elements)
     for (const QJsonValue& element : elements) {
         const auto entry = readZone(element.toObject());
         if (!entry) {
-            Data::logger.message("Dropped zone of the list: no id");
+            Log::message("Dropped zone of the list: no id");
             continue;
         }
         if (!entry->title || !entry->type || !entry->parent) {
-            Data::logger.message(QStringLiteral("Ignored fields of zone %1").arg(entry->id));
+            Log::message(QStringLiteral("Ignored fields of zone %1").arg(entry->id));
         }
         if (entry->parent) {
             result.byParent[*entry->parent].append(result.list.size());
@@ -142,7 +142,7 @@ void parseChildren(Zone& top, const ZoneEntries& entries)
 
 void removeZones(const ZoneEntries& entries)
 {
-    Data::logger.message("Founded zone remove");
+    Log::message("Founded zone remove");
     QVector<int> gone;
     for (const Zone& zone : Data::zoneList) {
         if (zone.getId() != Zone::everything && !entries.ids.contains(zone.getId())) {
@@ -150,7 +150,7 @@ void removeZones(const ZoneEntries& entries)
         }
     }
     for (const int id : gone) {
-        Data::logger.message(QStringLiteral("Deleted zone: ") + QString::number(id));
+        Log::message(QStringLiteral("Deleted zone: ") + QString::number(id));
         Page::call("wrapperInput_zone_delete", id);
         Data::zoneList.remove(Data::getZoneById(id));
     }
@@ -158,7 +158,7 @@ void removeZones(const ZoneEntries& entries)
 
 void editZones(const ZoneEntries& entries)
 {
-    Data::logger.message("Founded zone edit");
+    Log::message("Founded zone edit");
     for (const ZoneEntry& entry : entries.list) {
         if (Zone* const zone = Data::getZoneById(entry.id)) {
             update(*zone, entry);
@@ -170,7 +170,7 @@ void editZones(const ZoneEntries& entries)
 
 void addZones(const ZoneEntries& entries)
 {
-    Data::logger.message("Founded new zone");
+    Log::message("Founded new zone");
     for (const ZoneEntry& entry : entries.list) {
         if (!Data::getZoneById(entry.id)) {
             Zone* const zone = addZone(entry);
@@ -210,7 +210,7 @@ QVector<Membership> readMemberships(const QJsonArray& elements)
         if (deviceId && zoneId) {
             result.append({*deviceId, *zoneId});
         } else {
-            Data::logger.message("Dropped unit of the zones' list: no id");
+            Log::message("Dropped unit of the zones' list: no id");
         }
     }
     return result;
@@ -218,7 +218,7 @@ QVector<Membership> readMemberships(const QJsonArray& elements)
 
 void removeDevices(const QVector<Membership>& memberships)
 {
-    Data::logger.message("Founded device remove");
+    Log::message("Founded device remove");
     QSet<int> named;
     for (const Membership& membership : memberships) {
         named.insert(membership.deviceId);
@@ -230,14 +230,14 @@ void removeDevices(const QVector<Membership>& memberships)
         }
     }
     for (const int id : gone) {
-        Data::logger.message(QStringLiteral("Deleted device: ") + QString::number(id));
+        Log::message(QStringLiteral("Deleted device: ") + QString::number(id));
         ZoneMembership::forget(id);
     }
 }
 
 void addDevices(const QVector<Membership>& memberships)
 {
-    Data::logger.message("Founded device add");
+    Log::message("Founded device add");
     bool added = false;
     for (const Membership& membership : memberships) {
         if (Data::getDeviceById(membership.deviceId)) {
@@ -267,9 +267,9 @@ void rebuildMembership(const QVector<Membership>& memberships)
         if (zone && device) {
             ZoneMembership::include(*zone, *device);
         } else {
-            Data::logger.message(QStringLiteral("Skipped unit %1 in zone %2: one is unknown")
-                                     .arg(membership.deviceId)
-                                     .arg(membership.zoneId));
+            Log::message(QStringLiteral("Skipped unit %1 in zone %2: one is unknown")
+                             .arg(membership.deviceId)
+                             .arg(membership.zoneId));
         }
     }
 }
@@ -300,12 +300,12 @@ void protocolZoneCommandList(const QJsonObject& reply)
     if (const auto zones = Fields::array(reply, "zones")) {
         takeZones(readZones(*zones));
     } else {
-        Data::logger.message("Ignored zones: no list");
+        Log::message("Ignored zones: no list");
     }
     showZoneManagement();
     if (const auto devices = Fields::array(reply, "devices")) {
         takeDevices(*devices);
     } else {
-        Data::logger.message("Ignored units of the zones: no list");
+        Log::message("Ignored units of the zones: no list");
     }
 }

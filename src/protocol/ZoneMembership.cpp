@@ -1,7 +1,7 @@
 #include "protocol/ZoneMembership.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/ModelList.h"
 #include "page/ScriptCall.h"
 #include "protocol/Request.h"
@@ -27,8 +27,8 @@ Holders holdersOf(int deviceId)
             result.root = result.root || zone.getId() == Zone::serverRoot;
         }
     }
-    Data::logger.message(QStringLiteral("Device inNewZone %1").arg(result.root ? 1 : 0));
-    Data::logger.message(QStringLiteral("Device in zones %1").arg(result.count));
+    Log::message(QStringLiteral("Device inNewZone %1").arg(result.root ? 1 : 0));
+    Log::message(QStringLiteral("Device in zones %1").arg(result.count));
     return result;
 }
 

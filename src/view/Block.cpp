@@ -1,8 +1,7 @@
 #include "view/WebView.h"
 
 #include "app/Data.h"
-#include "log/LogSettings.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "page/ScriptCall.h"
 #include "protocol/ProtocolUser.h"
 #include "protocol/Request.h"
@@ -63,35 +62,34 @@ void WebView::modal_blockShow()
 
 void WebView::modal_tryUnblock(const QString& password)
 {
-    Data::logger.message("access_tryUnblock");
+    Log::message("access_tryUnblock");
     checkAccess("login", password);
 }
 
 void WebView::modal_tryUnblockAlarm(const QString& password)
 {
-    Data::logger.message("access_tryUnblockAlarm");
+    Log::message("access_tryUnblockAlarm");
     Data::waitForAlarm = WaitForAlarmMessages;
     checkAccess("alarm", password);
 }
 
 void WebView::modal_tryUnblockTranslation(const QString& password)
 {
-    Data::logger.message("access_tryUnblockTranslation");
+    Log::message("access_tryUnblockTranslation");
     Data::waitForAlarm = WaitForAlarmMicrophone;
     checkAccess("alarm", password);
 }
 
 void WebView::settings_block_init()
 {
-    Data::logger.message("settings_block_init");
+    Log::message("settings_block_init");
     showBlockTime();
     Page::call("loadBlockStatus", Data::blockStatus);
 }
 
 void WebView::settings_block_save(bool enabled, int minutes)
 {
-    Data::logger.message(QStringLiteral("settings_block_save: %1").arg(minutes),
-                         LogLevel::ClientSettings);
+    Log::message(QStringLiteral("settings_block_save: %1").arg(minutes), LogLevel::ClientSettings);
     if (minutes <= 0) {
         showBlockTime();
     }

@@ -1,7 +1,7 @@
 #include "view/DeviceIds.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 
 QJsonArray readDeviceIds(const QString& devices)
 {
@@ -12,7 +12,7 @@ QJsonArray readDeviceIds(const QString& devices)
         if (isNumber) {
             result.append(id);
         } else {
-            Data::logger.message(QStringLiteral("Dropped unit of a start: ") + part);
+            Log::message(QStringLiteral("Dropped unit of a start: ") + part);
         }
     }
     return result;

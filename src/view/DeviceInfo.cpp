@@ -1,7 +1,6 @@
 #include "view/WebView.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
 #include "model/Device.h"
 #include "model/DeviceMemory.h"
 #include "model/ModelList.h"

@@ -2,7 +2,6 @@
 
 #include "app/Data.h"
 #include "log/LogSettings.h"
-#include "log/Logger.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "page/ScriptCall.h"

@@ -1,8 +1,7 @@
 #include "view/LocalPage.h"
 
 #include "app/Data.h"
-#include "log/LogSettings.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 
 #include <QNetworkReply>
 #include <QNetworkRequest>
@@ -23,7 +22,7 @@ QNetworkReply* LocalNetwork::createRequest(Operation operation, const QNetworkRe
     if (isLocal(request.url())) {
         return QNetworkAccessManager::createRequest(operation, request, outgoing);
     }
-    Data::logger.message(QStringLiteral("Page request refused: ") + request.url().toString());
+    Log::message(QStringLiteral("Page request refused: ") + request.url().toString());
     QNetworkRequest refused(request);
     refused.setUrl(QUrl(QStringLiteral("qrc:/refused")));
     return QNetworkAccessManager::createRequest(GetOperation, refused, nullptr);
@@ -61,7 +60,7 @@ bool LocalPage::acceptNavigationRequest(QWebFrame* frame, const QNetworkRequest&
     if (frame == mainFrame() && (page == loginUrl || page == sessionUrl)) {
         return true;
     }
-    Data::logger.message(QStringLiteral("Page navigation refused: ") + request.url().toString());
+    Log::message(QStringLiteral("Page navigation refused: ") + request.url().toString());
     return false;
 }
 
@@ -72,12 +71,12 @@ QWebPage* LocalPage::createWindow(WebWindowType)
 
 void LocalPage::javaScriptConsoleMessage(const QString& message, int line, const QString& source)
 {
-    Data::logger.message(
+    Log::message(
         QStringLiteral("Page message: %1 (%2:%3)").arg(message, source, QString::number(line)),
         LogLevel::Debug);
 }
 
 void LocalPage::javaScriptAlert(QWebFrame*, const QString& message)
 {
-    Data::logger.message(QStringLiteral("Page alert: ") + message);
+    Log::message(QStringLiteral("Page alert: ") + message);
 }

@@ -1,7 +1,7 @@
 #include "view/WebView.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/ModelList.h"
 #include "model/ServerList.h"
 #include "model/Zone.h"
@@ -65,13 +65,13 @@ void sendBootstrap()
 
 void WebView::login_tryLogin(const QString& name, const QString& password, const QString& address)
 {
-    Data::logger.message("login_tryLogin");
+    Log::message("login_tryLogin");
     const std::optional<Server> server = serverToLogInTo(address);
     if (server) {
         Data::ip = server->ip;
         Data::port = server->port;
-        Data::logger.message(QStringLiteral("Server ip: ") + Data::ip);
-        Data::logger.message(QStringLiteral("Server port: ") + QString::number(Data::port));
+        Log::message(QStringLiteral("Server ip: ") + Data::ip);
+        Log::message(QStringLiteral("Server port: ") + QString::number(Data::port));
     }
     if (!server || !Data::tcpClient.connectToServer(Data::ip, Data::port)) {
         Page::call("modalErrorShow", QStringLiteral("Произошла ошибка подключения к серверу!"));
@@ -85,10 +85,10 @@ void WebView::login_tryLogin(const QString& name, const QString& password, const
 
 void WebView::login_loginSuccess()
 {
-    Data::logger.message("login_loginSuccess");
+    Log::message("login_loginSuccess");
     Data::serverList->setDefault(Data::ip, Data::port);
     appendAllZones();
-    Data::logger.message("Load login index");
+    Log::message("Load login index");
     loadPage(LocalPage::sessionUrl);
     // The end of the last session has cleared the flag; every session that wants the lock has it.
     Data::blockStatus = Data::settings->value(QStringLiteral("admin/block_enable"), false).toBool();
@@ -100,19 +100,19 @@ void WebView::login_loginSuccess()
 
 void WebView::login_loginError()
 {
-    Data::logger.message("login_loginError");
+    Log::message("login_loginError");
     Page::call("modalErrorShow", QStringLiteral("Неправильные учетные данные пользователя!"));
 }
 
 void WebView::global_logout()
 {
-    Data::logger.message("global_logout");
+    Log::message("global_logout");
     send(UserCommand::Logout);
 }
 
 void WebView::global_exit()
 {
-    Data::logger.message("global_exit");
+    Log::message("global_exit");
     if (Data::userList.isEmpty()) {
         Data::tcpClient.close();
         view->close();
@@ -124,7 +124,7 @@ void WebView::global_exit()
 
 void WebView::loadLoginPage()
 {
-    Data::logger.message("Logout redirect");
+    Log::message("Logout redirect");
     // Asked of the page and not of the current user: a connection lost on the login page must not
     // wipe away the dialog of a refusal, and one lost before the bootstrap has made a user must not
     // leave the session page under its loading dialog.

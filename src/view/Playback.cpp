@@ -1,8 +1,7 @@
 #include "view/WebView.h"
 
 #include "app/Data.h"
-#include "log/LogSettings.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Playback.h"
@@ -31,7 +30,7 @@ const Playback* knownPlayback(int id)
 {
     const Playback* const playback = Data::getPlaybackById(id);
     if (!playback) {
-        Data::logger.message(QStringLiteral("Ignored call: unknown playback %1").arg(id));
+        Log::message(QStringLiteral("Ignored call: unknown playback %1").arg(id));
     }
     return playback;
 }
@@ -180,7 +179,7 @@ void WebView::playback_play(int playlistId, int trackId, const QString& devices,
     const QJsonArray targets = readDeviceIds(devices);
     if (targets.isEmpty()) {
         // To the server a start without targets means all units.
-        Data::logger.message("Ignored start: no units");
+        Log::message("Ignored start: no units");
         return;
     }
     send(PlaybackCommand::Play, {{QStringLiteral("playlistId"), folderToPlay(playlistId, trackId)},

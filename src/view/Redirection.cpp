@@ -1,8 +1,7 @@
 #include "view/WebView.h"
 
 #include "app/Data.h"
-#include "log/LogSettings.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "protocol/Request.h"
 #include "view/DeviceIds.h"
 
@@ -13,8 +12,8 @@ void WebView::playback_startRedirection(const QString& devices, const QString& t
 {
     const int level = type == QLatin1String("alarm") ? LogLevel::AlarmBroadcasting
                                                      : LogLevel::MicrophoneBroadcasting;
-    Data::logger.message(QStringLiteral("playback_startRedirectionType: ") + type, level);
-    Data::logger.message(QStringLiteral("playback_startRedirectionDevices: ") + devices, level);
+    Log::message(QStringLiteral("playback_startRedirectionType: ") + type, level);
+    Log::message(QStringLiteral("playback_startRedirectionDevices: ") + devices, level);
     send(PlaybackCommand::StartRedirection,
          {{QStringLiteral("type"), type},
           {QStringLiteral("strategy"), strategy},

@@ -1,7 +1,7 @@
 #include "view/WebView.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/ServerList.h"
 #include "page/ScriptCall.h"
 #include "view/ServerAddress.h"
@@ -21,11 +21,11 @@ constexpr quint16 announcementPort = 11991;
 
 void WebView::login_serverList()
 {
-    Data::logger.message("login_serverList");
+    Log::message("login_serverList");
     const ServerList& list = *Data::serverList;
     for (int index = 0; index < list.size(); ++index) {
         const Server& server = list.at(index);
-        Data::logger.message(QStringLiteral("Load server: ") + addressText(server.ip, server.port));
+        Log::message(QStringLiteral("Load server: ") + addressText(server.ip, server.port));
         Page::call("addServerOption", server.ip, QString::number(server.port),
                    list.size() == 1 || server.isDefault);
     }
@@ -33,13 +33,13 @@ void WebView::login_serverList()
 
 void WebView::login_addServer(const QString& ip, int port)
 {
-    Data::logger.message(QStringLiteral("login_addServer - ") + addressText(ip, port));
+    Log::message(QStringLiteral("login_addServer - ") + addressText(ip, port));
     const Server server{ip, port, Data::serverList->size() == 0};
     const QString typed = documentElement.findFirst(QStringLiteral("input[id=\"server\"]"))
                               .evaluateJavaScript(QStringLiteral("this.value"))
                               .toString();
     if (!isServerAddress(typed) || !isPort(port)) {
-        Data::logger.message("Address or port invalid!");
+        Log::message("Address or port invalid!");
         Page::call("modalAddServerVereficationError");
     } else if (Data::serverList->addServer(server)) {
         Page::call("addServerOption", server.ip, QString::number(server.port), server.isDefault);
@@ -48,19 +48,18 @@ void WebView::login_addServer(const QString& ip, int port)
 
 void WebView::login_deleteServer(const QString& address)
 {
-    Data::logger.message(QStringLiteral("login_deleteServer - ") + address);
+    Log::message(QStringLiteral("login_deleteServer - ") + address);
     const auto [ip, port] = splitAddress(address);
     Data::serverList->deleteServer(ip, port);
 }
 
 void WebView::login_findServer()
 {
-    Data::logger.message("login_findServer");
+    Log::message("login_findServer");
     if (udpSocket.state() != QAbstractSocket::BoundState &&
         !udpSocket.bind(QHostAddress::AnyIPv4, announcementPort,
                         QAbstractSocket::ShareAddress | QAbstractSocket::ReuseAddressHint)) {
-        Data::logger.message(QStringLiteral("Announcements can't be heard: ") +
-                             udpSocket.errorString());
+        Log::message(QStringLiteral("Announcements can't be heard: ") + udpSocket.errorString());
         return;
     }
     // A control-room machine has several networks, and the system's choice may be the wrong one.
@@ -74,7 +73,7 @@ void WebView::login_findServer()
 
 void WebView::login_serverFound()
 {
-    Data::logger.message("login_serverFound");
+    Log::message("login_serverFound");
     const QNetworkDatagram datagram = udpSocket.receiveDatagram();
     Page::call("wrapperInput_login_setIp", datagram.senderAddress().toString());
     login_stopFindingServer();

@@ -1,15 +1,15 @@
 #include "view/SlotLog.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 
 SlotLog::SlotLog(const char* slotName, const QString& arguments, int level)
     : name(slotName), logLevel(level)
 {
-    Data::logger.message(QLatin1String(name) + arguments, logLevel);
+    Log::message(QLatin1String(name) + arguments, logLevel);
 }
 
 SlotLog::~SlotLog()
 {
-    Data::logger.message(QLatin1String(name) + QStringLiteral("End"), logLevel);
+    Log::message(QLatin1String(name) + QStringLiteral("End"), logLevel);
 }

@@ -1,8 +1,7 @@
 #include "view/WebView.h"
 
 #include "app/Data.h"
-#include "log/LogSettings.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/ModelList.h"
 #include "model/Role.h"
 #include "model/ServerSettings.h"
@@ -71,7 +70,7 @@ WebView::WebView()
     view->resize(smallestWindow);
     view->setContextMenuPolicy(Qt::NoContextMenu);
     connect(view.get(), &QWebView::loadFinished, this, &WebView::loaded);
-    Data::logger.message("Load login page");
+    Log::message("Load login page");
     loadPage(LocalPage::loginUrl);
     scriptTimer->setSingleShot(true);
     scriptTimer->setInterval(scriptPauseMilliseconds);
@@ -107,7 +106,7 @@ void WebView::publishWrapper()
 
 void WebView::loaded(bool)
 {
-    Data::logger.message("Page loaded");
+    Log::message("Page loaded");
     view->history()->clear();
     publishWrapper();
     if (view->isHidden()) {
@@ -122,8 +121,8 @@ void WebView::loaded(bool)
 
 void WebView::runJavascript(const QString& text)
 {
-    if (Data::logger.isWritten(LogLevel::Debug)) {
-        Data::logger.message(QStringLiteral("Command to Javascript: ") + text, LogLevel::Debug);
+    if (Log::isWritten(LogLevel::Debug)) {
+        Log::message(QStringLiteral("Command to Javascript: ") + text, LogLevel::Debug);
     }
     if (collecting) {
         collectedScripts += QLatin1String("try{") + onlyIfDefined(text) +
@@ -159,16 +158,16 @@ void WebView::stopTimers()
 
 void WebView::global_about()
 {
-    Data::logger.message("about");
+    Log::message("about");
     Page::call("wrapperInput_serverGlobal_setServerVersion",
                Data::serverSettings.getServerVersion());
     Page::call("wrapperInput_serverGlobal_setClientVersion", Data::clientVersion);
-    Data::logger.message("aboutEnd");
+    Log::message("aboutEnd");
 }
 
 void WebView::global_loadFrame()
 {
-    Data::logger.message("global_loadFrame");
+    Log::message("global_loadFrame");
     // What arrived while the page was on its way has found nobody there.
     send(HelperCommand::GetDateTime);
     load_permissions();
@@ -179,7 +178,7 @@ void WebView::global_loadFrame()
         Page::call("wrapperInput_userGlobal_edit", user->getTitle());
         Page::call("modalLoadingHide");
     }
-    Data::logger.message("global_loadFrameEnd");
+    Log::message("global_loadFrameEnd");
 }
 
 void WebView::restoreWindow()
@@ -247,7 +246,7 @@ bool WebView::eventFilter(QObject* watched, QEvent* event)
 
 void WebView::windowActivated()
 {
-    Data::logger.message("Window Activated");
+    Log::message("Window Activated");
     if (Data::getCurrentRole() && Data::parser.orderCounter != 0) {
         send(HelperCommand::GetDateTime);
     }

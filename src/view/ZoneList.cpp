@@ -1,8 +1,7 @@
 #include "view/WebView.h"
 
 #include "app/Data.h"
-#include "log/LogSettings.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/ModelList.h"
 #include "model/Zone.h"
 #include "protocol/CurrentRole.h"
@@ -48,8 +47,8 @@ void WebView::menu_subZoneLoad(int parentId)
     std::reverse(next.begin(), next.end());
     while (!next.isEmpty()) {
         const Zone& zone = *next.takeLast();
-        Data::logger.message(QStringLiteral("Load zone: %1 - %2")
-                                 .arg(QString::number(zone.getId()), zone.getName()));
+        Log::message(QStringLiteral("Load zone: %1 - %2")
+                         .arg(QString::number(zone.getId()), zone.getName()));
         zone.addToPage();
         QVector<const Zone*> children = waiting.take(zone.getId());
         std::reverse(children.begin(), children.end());

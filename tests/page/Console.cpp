@@ -3,7 +3,7 @@
 #include "app/Configuration.h"
 #include "app/Data.h"
 #include "app/Wiring.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "network/TcpClient.h"
 #include "page/ScriptCall.h"
 #include "view/LocalPage.h"
@@ -28,10 +28,10 @@ Console::Console()
     Data::settings = settings.get();
     Data::logSettings = &logSettings;
     Data::debugMode = true;
-    Data::logger.setConfig(settings.get());
-    Data::logger.setDebug(&Data::debugMode);
-    Data::logger.setSettings(&logSettings);
-    Data::logger.setPort(&Data::localPort);
+    Log::logger().setConfig(settings.get());
+    Log::logger().setDebug(&Data::debugMode);
+    Log::logger().setSettings(&logSettings);
+    Log::logger().setPort(&Data::localPort);
     serverList = std::make_unique<ServerList>(files.filePath("servers.json"));
     Data::serverList = serverList.get();
     Wiring::joinNetwork();
@@ -94,7 +94,7 @@ bool Console::waitForPage(const QString& name, int milliseconds) const
 
 QStringList Console::scriptErrors() const
 {
-    Data::logger.message("Looking for script errors");
+    Log::message("Looking for script errors");
     QStringList errors;
     const QStringList logs = QDir(files.path()).entryList({"*.txt"});
     for (const QString& name : logs) {

@@ -1,7 +1,7 @@
 #include "rights/Rights.h"
 
+#include "log/Log.h"
 #include "log/LogSettings.h"
-#include "log/Logger.h"
 #include "protocol/ProtocolUser.h"
 #include "protocol/SessionHooks.h"
 
@@ -67,13 +67,13 @@ void AccessTest::answerOpensWhatWasAskedFor()
     SessionFixture session;
     LogSettings switches;
     switches.setAccessError(true);
-    Data::logger.setSettings(&switches);
+    Log::logger().setSettings(&switches);
     Data::waitForAlarm = waiting;
     QStringList happened;
     sessionHooks().lockOpened = [&] { happened.append("lock opened"); };
     Fleet::answer(UserCommand::CheckAccess, QJsonObject{{"target", target}},
                   {{"response", response}});
-    Data::logger.setSettings(nullptr);
+    Log::logger().setSettings(nullptr);
     if (session.log.contains("access_error: forbbiden")) {
         happened.append("logged");
     }

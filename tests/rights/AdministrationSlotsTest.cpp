@@ -1,7 +1,7 @@
 #include "rights/Rights.h"
 
+#include "log/Log.h"
 #include "log/LogSettings.h"
-#include "log/Logger.h"
 #include "model/Playlist.h"
 #include "model/Preset.h"
 #include "model/Task.h"
@@ -243,11 +243,11 @@ void AdministrationSlotsTest::passwordsStayOutOfTheLog()
     const SessionFixture session;
     LogSettings switches;
     switches.setUserSettings(true);
-    Data::logger.setSettings(&switches);
+    Log::logger().setSettings(&switches);
     WebView view;
     view.admin_addUser("boris", "Boris", "secret", "secret", "night");
     view.admin_editUser("boris", "Boris", "secret", "secret", "night");
-    Data::logger.setSettings(nullptr);
+    Log::logger().setSettings(nullptr);
     QVERIFY(session.log.contains("admin_addUser: boris, Boris, night"));
     QVERIFY(session.log.contains("admin_editUser: boris, Boris, night"));
     QVERIFY(session.log.contains("admin_editUserEnd"));

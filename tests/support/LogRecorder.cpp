@@ -1,7 +1,7 @@
 #include "support/LogRecorder.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,10 +17,10 @@ struct LogFolder {
     LogFolder()
     {
         config.setValue(QStringLiteral("path/log"), folder.path());
-        Data::logger.setConfig(&config);
-        Data::logger.setPort(&Data::localPort);
-        Data::logger.setDebug(&Data::debugMode);
-        Data::logger.dateCheck();
+        Log::logger().setConfig(&config);
+        Log::logger().setPort(&Data::localPort);
+        Log::logger().setDebug(&Data::debugMode);
+        Log::logger().dateCheck();
     }
 
     /// All days' files, should midnight pass.

@@ -6,7 +6,7 @@
 
 PageRecorder::PageRecorder()
 {
-    Page::setSink([this](const QString& script) { texts.append(script); });
+    Page::setSink([this](const Page::Call& call) { texts.append(call.script()); });
 }
 
 PageRecorder::~PageRecorder()

@@ -2,7 +2,6 @@
 
 #include "app/Data.h"
 #include "app/Wiring.h"
-#include "log/Logger.h"
 #include "model/ServerSettings.h"
 #include "network/NetworkParser.h"
 #include "network/TcpClient.h"

@@ -1,7 +1,7 @@
 #include "protocol/input/ProtocolPlayback.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Playback.h"
@@ -17,8 +17,7 @@ namespace
 
 void logPush(const char* what, const std::optional<int>& id)
 {
-    Data::logger.message(QLatin1String(what) +
-                         (id ? QString::number(*id) : QStringLiteral("no id")));
+    Log::message(QLatin1String(what) + (id ? QString::number(*id) : QStringLiteral("no id")));
 }
 
 /// What a unit plays from its own memory or its inputs goes on when the server's playback ends.

@@ -1,7 +1,7 @@
 #include "protocol/input/Pushes.h"
 
 #include "app/Data.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "protocol/input/ProtocolDevice.h"
 #include "protocol/input/ProtocolHelper.h"
 #include "protocol/input/ProtocolLog.h"
@@ -75,7 +75,6 @@ void routePush(const QJsonObject& message)
     if (row != std::end(pushes) && row->handler) {
         row->handler(message);
     } else {
-        Data::logger.message(QStringLiteral("Dropped push: ") + request + QLatin1Char(' ') +
-                             action);
+        Log::message(QStringLiteral("Dropped push: ") + request + QLatin1Char(' ') + action);
     }
 }

@@ -1,8 +1,7 @@
 #include "view/WebView.h"
 
 #include "app/Data.h"
-#include "log/LogSettings.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/ModelList.h"
 #include "model/Playlist.h"
 #include "model/Preset.h"
@@ -79,8 +78,7 @@ void WebView::admin_loadRoleList()
     const SlotLog log("admin_loadRoleList", {}, LogLevel::RoleSettings);
     const Role* const own = Data::getCurrentRole();
     for (const Role& role : Data::roleList) {
-        Data::logger.message(QStringLiteral("Load role: ") + role.getName(),
-                             LogLevel::RoleSettings);
+        Log::message(QStringLiteral("Load role: ") + role.getName(), LogLevel::RoleSettings);
         const bool isKept =
             (own && role.getName() == own->getName()) || role.getName() == QLatin1String("admin");
         role.addToPage(isKept);
@@ -95,7 +93,7 @@ void WebView::admin_selectRole(int id)
     const SlotLog log("admin_selectRole", {}, LogLevel::RoleSettings);
     const Role* const role = Data::getRoleById(id);
     if (!role) {
-        Data::logger.message(QStringLiteral("Unknown role: %1").arg(id), LogLevel::RoleSettings);
+        Log::message(QStringLiteral("Unknown role: %1").arg(id), LogLevel::RoleSettings);
         return;
     }
     Page::call("wrapperInput_role_select", id);

@@ -1,8 +1,7 @@
 #include "view/WebView.h"
 
 #include "app/Data.h"
-#include "log/LogSettings.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "model/ModelList.h"
 #include "model/User.h"
 #include "page/ScriptCall.h"
@@ -31,8 +30,7 @@ void WebView::admin_loadUserList()
 {
     const SlotLog log("admin_loadUserList", {}, LogLevel::UserSettings);
     for (const User& user : Data::userList) {
-        Data::logger.message(QStringLiteral("Load user: ") + user.getName(),
-                             LogLevel::UserSettings);
+        Log::message(QStringLiteral("Load user: ") + user.getName(), LogLevel::UserSettings);
         user.addToPage();
     }
     if (!Data::userList.isEmpty()) {
@@ -45,7 +43,7 @@ void WebView::admin_selectUser(int id)
     const SlotLog log("admin_selectUser", {}, LogLevel::UserSettings);
     User* const user = Data::userList.find(id);
     if (!user) {
-        Data::logger.message(QStringLiteral("Unknown user: %1").arg(id), LogLevel::UserSettings);
+        Log::message(QStringLiteral("Unknown user: %1").arg(id), LogLevel::UserSettings);
         return;
     }
     Page::call("wrapperInput_user_edit", id, user->getName(), user->getTitle());

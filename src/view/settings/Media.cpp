@@ -1,8 +1,7 @@
 #include "view/WebView.h"
 
 #include "app/Data.h"
-#include "log/LogSettings.h"
-#include "log/Logger.h"
+#include "log/Log.h"
 #include "media/AudioManager.h"
 #include "page/ScriptCall.h"
 
@@ -43,20 +42,19 @@ void WebView::settings_media_init()
 
 void WebView::settings_media_start(QString device)
 {
-    Data::logger.message("settings_media_start");
+    Log::message("settings_media_start");
     Data::audioManager->startTest(device);
 }
 
 void WebView::settings_media_stop()
 {
-    Data::logger.message("settings_media_stop");
+    Log::message("settings_media_stop");
     Data::audioManager->stopTest();
 }
 
 void WebView::settings_media_save(const QString& device)
 {
-    Data::logger.message(QStringLiteral("settings_media_save_input ") + device,
-                         LogLevel::ClientSettings);
+    Log::message(QStringLiteral("settings_media_save_input ") + device, LogLevel::ClientSettings);
     Data::settings->setValue(QStringLiteral("audio/input"), device);
 }
 
@@ -68,8 +66,8 @@ void WebView::settings_volume_init()
 
 void WebView::settings_volume_save(int microphone, int warning)
 {
-    Data::logger.message(QStringLiteral("settings_volume_save %1 %2").arg(microphone).arg(warning),
-                         LogLevel::ClientSettings);
+    Log::message(QStringLiteral("settings_volume_save %1 %2").arg(microphone).arg(warning),
+                 LogLevel::ClientSettings);
     Data::settings->setValue(QStringLiteral("volume/microphone"), microphone);
     Data::settings->setValue(QStringLiteral("volume/warning"), warning);
 }

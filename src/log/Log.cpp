@@ -1,0 +1,7 @@
+#include "log/Log.h"
+
+Logger& Log::logger()
+{
+    static Logger theLogger;
+    return theLogger;
+}
