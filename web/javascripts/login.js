@@ -7,7 +7,8 @@ function selectedServer() {
     return $("#serverSelect").val();
 }
 
-// Connecting blocks the page for a moment, so what goes on is painted before it begins.
+// Connecting blocks the page for a moment, so what goes on is painted before it begins. The button
+// comes back with the answer, and when there is something else to send.
 function tryLogin() {
     if (!selectedServer()) {
         modalNoServerShow();
@@ -16,13 +17,20 @@ function tryLogin() {
     if ($("#login").prop("disabled")) {
         return;
     }
-    $("#login").prop("disabled", true);
+    if ($("#login").is(":focus")) {
+        $("#password").focus(); // what is typed after a refusal
+    }
+    answers.wait("user/login", "#login", function () {
+        $("#login_status").text("");
+    });
     $("#login_status").text("Подключение к серверу…");
     setTimeout(function () {
         wrapper.login_tryLogin($("#name").val(), $("#password").val(), selectedServer());
-        $("#login").prop("disabled", false);
-        $("#login_status").text("");
     }, 30);
+}
+
+function forgetLogin() {
+    answers.forget("#login");
 }
 
 function toggleLoginForm() {
@@ -96,6 +104,8 @@ $(document).ready(function () {
         modalAddServerShow();
     });
     $("#deleteServerButton").on("click", deleteServer);
+    $("#widget").on("input", "input", forgetLogin);
+    $("#serverSelect").on("change", forgetLogin);
     $("#widget").on("keydown", "input", function (event) {
         if (event.which === 13) {
             tryLogin();

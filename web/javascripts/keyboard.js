@@ -1,0 +1,62 @@
+// What can be clicked can be reached and worked by keys.
+
+var keyboard = (function () {
+    // What the pages let click that is no button, field or link of its own.
+    var clickable =
+        ".top_tab, .side_entry, .menu_entry, .header_alarm, #global_user_name, .zone, i.zone_expand, " +
+        ".playback, #playlistTable .track, #playlistTable .folder, .tile_select, [role='button']";
+
+    // Elements come and go with the pages; they are made stops when somebody goes from stop to stop.
+    function makeStops() {
+        $(clickable).not("[tabindex]").attr("tabindex", 0);
+    }
+
+    function isOwn(element) {
+        return $(element).is("button, input, select, textarea, a[href], .select2-selection, .modal, tr *");
+    }
+
+    // Enter and Space click what has the focus, unless it has a use for them itself.
+    function press(event) {
+        var isPress = event.which === 13 || event.which === 32;
+        if (!isPress || event.isDefaultPrevented() || isOwn(event.target) || !$(event.target).is("[tabindex]")) {
+            return;
+        }
+        event.preventDefault();
+        if (!event.originalEvent.repeat) {
+            event.target.click();
+        }
+    }
+
+    $(document).on("keydown", press);
+
+    // The ring shows where the keys go once somebody uses them.
+    window.addEventListener(
+        "keydown",
+        function (event) {
+            if (event.which === 9) {
+                makeStops();
+            }
+            document.body.classList.add("by_keys");
+        },
+        true
+    );
+    window.addEventListener(
+        "mousedown",
+        function () {
+            document.body.classList.remove("by_keys");
+        },
+        true
+    );
+
+    return {
+        press: press,
+        // Calls `act` when somebody has moved a slider, by the mouse or by a key.
+        onSlider: function (slider, act) {
+            $(slider).on("mouseup", act).on("keyup", function (event) {
+                if (event.which >= 33 && event.which <= 40) {
+                    act.call(this, event);
+                }
+            });
+        },
+    };
+})();
