@@ -213,8 +213,8 @@ void KeyboardTest::closedDialogGivesTheFocusBack()
 {
     QFETCH(int, key);
     openHome();
-    run("window.accepted = 0; loadingRegion = '#modal'; notice('tryMe', {title: 'a', text: 'b', "
-        "cancel: {}, accept: {action: function () { ++accepted; }}}); loadingRegion = null; "
+    run("window.accepted = 0; notice('tryMe', {title: 'a', text: 'b', "
+        "cancel: {}, accept: {action: function () { ++accepted; }}}); "
         "$('#block_screen').off('click').on('click', function () { tryMe(); }).focus()");
     for (int round = 1; round < 4; ++round) {
         press(Qt::Key_Space);

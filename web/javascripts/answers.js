@@ -1,8 +1,8 @@
 // Controls that are off while the answer to what they have sent is under way.
 
-var answers = (function () {
-    var longest = 10000; // milliseconds until a control comes back without an answer
-    var awaited = []; // {request, controls, focused, ended, timer}
+const answers = (function () {
+    const longest = 10000; // milliseconds until a control comes back without an answer
+    const awaited = []; // {request, controls, focused, ended, timer}
 
     function end(wait, word) {
         clearTimeout(wait.timer);
@@ -24,7 +24,7 @@ var answers = (function () {
         // Turns controls off until a reply to `request`, "user/edit", has come, whatever its word.
         // `ended` hears the word, or undefined when none has come in time.
         wait: function (request, controls, ended) {
-            var wait = {request: request, controls: $(controls), ended: ended};
+            const wait = {request: request, controls: $(controls), ended: ended};
             wait.focused = wait.controls.filter(document.activeElement)[0];
             wait.timer = setTimeout(end, longest, wait);
             awaited.push(wait);
@@ -50,6 +50,6 @@ var answers = (function () {
     };
 })();
 
-function wrapperInput_global_answered(request, word) {
-    answers.come(request, word);
-}
+page({
+    wrapperInput_global_answered: (request, word) => answers.come(request, word),
+});

@@ -1,10 +1,10 @@
 // What every dialog has in common: which one is on top, what it keeps away from what lies behind,
 // its keys, and where the focus goes.
 
-var dialogs = (function () {
-    var open = []; // the open dialogs, the top one last: {element, focus, shown}
-    var page = {element: null, focus: null}; // what lies below them all
-    var closedByClick = false; // the click of this double click has closed a dialog
+const dialogs = (function () {
+    let open = []; // the open dialogs, the top one last: {element, focus, shown}
+    const page = {element: null, focus: null}; // what lies below them all
+    let closedByClick = false; // the click of this double click has closed a dialog
 
     // The lock and what belongs to it stay above the others, whenever those open.
     function isLock(element) {
@@ -56,16 +56,16 @@ var dialogs = (function () {
 
     // The first field; without one the button that accepts, or "Отмена" where accepting destroys.
     function firstStop(element) {
-        var fields = stops(element).filter("input, select, textarea, .select2-selection");
-        var buttons = $(element).find(".modal-footer .btn:visible:enabled");
-        var cancel = buttons.is(".btn-danger") ? buttons.filter(".cancel") : $();
+        const fields = stops(element).filter("input, select, textarea, .select2-selection");
+        const buttons = $(element).find(".modal-footer .btn:visible:enabled");
+        const cancel = buttons.is(".btn-danger") ? buttons.filter(".cancel") : $();
         return fields.add(cancel)[0] || buttons.last()[0] || element;
     }
 
     // Nothing that can't be seen keeps the focus: its next Enter would act.
     function takeFocus() {
-        var level = top();
-        var target = present(level.focus);
+        const level = top();
+        const target = present(level.focus);
         if (canHaveFocus(target)) {
             target.focus();
         } else if (level.element) {
@@ -77,7 +77,7 @@ var dialogs = (function () {
 
     // Gives an element the focus, or keeps it for it until the dialogs above have gone.
     function giveFocus(element) {
-        var level = levelOf(element);
+        const level = levelOf(element);
         level.focus = element;
         if (level === top()) {
             takeFocus();
@@ -86,7 +86,7 @@ var dialogs = (function () {
 
     function layer() {
         open.forEach(function (level, index) {
-            var backdrop = ($(level.element).data("bs.modal") || {}).$backdrop;
+            const backdrop = ($(level.element).data("bs.modal") || {}).$backdrop;
             $(level.element).css("z-index", 1060 + 20 * index);
             $(backdrop || []).css("z-index", 1055 + 20 * index);
         });
@@ -100,19 +100,19 @@ var dialogs = (function () {
 
     function opening(element) {
         closeLists();
-        var below = top();
-        var focused = document.activeElement;
+        const below = top();
+        const focused = document.activeElement;
         if (isIn(below, focused) && focused !== document.body) {
             below.focus = focused;
         }
-        var firstLock = open.findIndex(function (level) {
+        const firstLock = open.findIndex(function (level) {
             return isLock(level.element);
         });
         open.splice(isLock(element) || firstLock < 0 ? open.length : firstLock, 0, {element: element, focus: null, shown: false});
     }
 
     function closing(element) {
-        var wasTop = top().element === element;
+        const wasTop = top().element === element;
         open = open.filter(function (level) {
             return level.element !== element;
         });
@@ -156,7 +156,7 @@ var dialogs = (function () {
         if (event.type === "mousedown" && event.detail < 2) {
             closedByClick = false;
         }
-        var isRest = closedByClick && event.detail > 1;
+        const isRest = closedByClick && event.detail > 1;
         if (!isRest && !isBehind(event.target)) {
             return;
         }
@@ -184,9 +184,9 @@ var dialogs = (function () {
     );
 
     function goRound(event, element) {
-        var all = stops(element);
-        var at = all.index(document.activeElement);
-        var edge = event.shiftKey ? 0 : all.length - 1;
+        const all = stops(element);
+        const at = all.index(document.activeElement);
+        const edge = event.shiftKey ? 0 : all.length - 1;
         if (at < 0 || at === edge) {
             $(all[event.shiftKey ? all.length - 1 : 0] || element).focus();
             event.preventDefault();
@@ -196,7 +196,7 @@ var dialogs = (function () {
     // Enter accepts and Esc cancels, where the dialog has a button for it. A button and an open list
     // know their own Enter, and what destroys wants its button pressed.
     function answerKey(event) {
-        var element = top().element;
+        const element = top().element;
         if (event.which === 9) {
             goRound(event, element);
         } else if (event.which === 27) {

@@ -68,8 +68,8 @@ $(document).ready(function () {
     openMenuEntry("menu_about", function () {
         modalShowVersion();
     });
-    openMenuEntry("menu_change_user", wrapper_Global_logout);
-    openMenuEntry("menu_exit", wrapper_Global_exit);
+    openMenuEntry("menu_change_user", () => wrapper_Global_logout());
+    openMenuEntry("menu_exit", () => wrapper_Global_exit());
     $("#translation").on("click", function () {
         warningBlock();
     });

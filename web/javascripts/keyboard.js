@@ -1,8 +1,8 @@
 // What can be clicked can be reached and worked by keys.
 
-var keyboard = (function () {
+const keyboard = (function () {
     // What the pages let click that is no button, field or link of its own.
-    var clickable =
+    const clickable =
         ".top_tab, .side_entry, .menu_entry, .header_alarm, #global_user_name, .zone, i.zone_expand, " +
         ".playback, #playlistTable .track, #playlistTable .folder, .tile_select, [role='button']";
 
@@ -17,7 +17,7 @@ var keyboard = (function () {
 
     // Enter and Space click what has the focus, unless it has a use for them itself.
     function press(event) {
-        var isPress = event.which === 13 || event.which === 32;
+        const isPress = event.which === 13 || event.which === 32;
         if (!isPress || event.isDefaultPrevented() || isOwn(event.target) || !$(event.target).is("[tabindex]")) {
             return;
         }

@@ -1,117 +1,106 @@
 // The login page: its form, its list of servers, and what native code tells it.
 
-var roleChanged = false;
-var dialogsLoaded = false;
+(function () {
+    let roleChanged = false;
+    let dialogsLoaded = false;
 
-function selectedServer() {
-    return $("#serverSelect").val();
-}
-
-// Connecting blocks the page for a moment, so what goes on is painted before it begins. The button
-// comes back with the answer, and when there is something else to send.
-function tryLogin() {
-    if (!selectedServer()) {
-        modalNoServerShow();
-        return;
-    }
-    if ($("#login").prop("disabled")) {
-        return;
-    }
-    if ($("#login").is(":focus")) {
-        $("#password").focus(); // what is typed after a refusal
-    }
-    answers.wait("user/login", "#login", function () {
-        $("#login_status").text("");
+    page({
+        selectedServer: function () {
+            return $("#serverSelect").val();
+        },
+        // Connecting blocks the page for a moment, so what goes on is painted before it begins. The
+        // button comes back with the answer, and when there is something else to send.
+        tryLogin: function () {
+            if (!selectedServer()) {
+                modalNoServerShow();
+                return;
+            }
+            if ($("#login").prop("disabled")) {
+                return;
+            }
+            if ($("#login").is(":focus")) {
+                $("#password").focus(); // what is typed after a refusal
+            }
+            answers.wait("user/login", "#login", () => $("#login_status").text(""));
+            $("#login_status").text("Подключение к серверу…");
+            setTimeout(() => wrapper.login_tryLogin($("#name").val(), $("#password").val(), selectedServer()), 30);
+        },
+        forgetLogin: () => answers.forget("#login"),
+        toggleLoginForm: function () {
+            var long = !$("#widget").hasClass("long");
+            $("#widget").toggleClass("long", long);
+            $("#serverRow").toggle(long);
+            $("#settings").text(long ? "Сокращенные" : "Расширенные");
+        },
+        loadServerList: function () {
+            whenWrapperIsThere(function () {
+                wrapper.login_serverList();
+            });
+        },
+        addServerOption: function (ip, port, isDefault) {
+            var address = ip + "/" + port;
+            $("<option>").val(address).text(address).appendTo("#serverSelect");
+            if (isDefault === 1) {
+                $("#serverSelect").val(address);
+            }
+            $("#serverSelect").trigger("change");
+        },
+        deleteServer: function () {
+            var address = selectedServer();
+            if (!address) {
+                return;
+            }
+            wrapper.login_deleteServer(address);
+            $("#serverSelect").empty();
+            wrapper.login_serverList();
+            $("#serverSelect").trigger("change");
+        },
+        modalLoginVersionError: function (clientVersion, serverVersion) {
+            if (clientVersion > serverVersion) {
+                modalServerOldShow();
+            } else {
+                modalClientOldShow();
+            }
+        },
+        // The dialog may be still on its way.
+        modalRoleChangedShow: function () {
+            roleChanged = true;
+            showRoleChanged();
+        },
+        showRoleChanged: function () {
+            if (roleChanged && dialogsLoaded) {
+                modalRoleChanged();
+            }
+        },
+        loginDialogsLoaded: function () {
+            dialogsLoaded = true;
+            showRoleChanged();
+        },
     });
-    $("#login_status").text("Подключение к серверу…");
-    setTimeout(function () {
-        wrapper.login_tryLogin($("#name").val(), $("#password").val(), selectedServer());
-    }, 30);
-}
 
-function forgetLogin() {
-    answers.forget("#login");
-}
-
-function toggleLoginForm() {
-    var long = !$("#widget").hasClass("long");
-    $("#widget").toggleClass("long", long);
-    $("#serverRow").toggle(long);
-    $("#settings").text(long ? "Сокращенные" : "Расширенные");
-}
-
-function loadServerList() {
-    whenWrapperIsThere(function () {
-        wrapper.login_serverList();
+    $(document).ready(function () {
+        $("#serverSelect").select2({
+            language: "ru",
+            minimumResultsForSearch: 8,
+            placeholder: "Сервер не выбран",
+            width: "auto",
+        });
+        $("#login").on("click", () => tryLogin());
+        $("#settings").on("click", () => toggleLoginForm());
+        $("#exit").on("click", () => wrapper_Global_exit());
+        $("#addServerButton").on("click", function () {
+            modalAddServerShow();
+        });
+        $("#deleteServerButton").on("click", () => deleteServer());
+        $("#widget").on("input", "input", () => forgetLogin());
+        $("#serverSelect").on("change", () => forgetLogin());
+        $("#widget").on("keydown", "input", function (event) {
+            if (event.which === 13) {
+                tryLogin();
+            }
+        });
+        regions.load("#add_server", "modal/login.html");
+        loadServerList();
+        $("#name").focus();
     });
-}
-
-function addServerOption(ip, port, isDefault) {
-    var address = ip + "/" + port;
-    $("<option>").val(address).text(address).appendTo("#serverSelect");
-    if (isDefault === 1) {
-        $("#serverSelect").val(address);
-    }
-    $("#serverSelect").trigger("change");
-}
-
-function deleteServer() {
-    var address = selectedServer();
-    if (!address) {
-        return;
-    }
-    wrapper.login_deleteServer(address);
-    $("#serverSelect").empty();
-    wrapper.login_serverList();
-    $("#serverSelect").trigger("change");
-}
-
-function modalLoginVersionError(clientVersion, serverVersion) {
-    if (clientVersion > serverVersion) {
-        modalServerOldShow();
-    } else {
-        modalClientOldShow();
-    }
-}
-
-function modalRoleChangedShow() {
-    roleChanged = true;
-    showRoleChanged();
-}
-
-function showRoleChanged() {
-    if (roleChanged && dialogsLoaded) {
-        modalRoleChanged();
-    }
-}
-
-function loginDialogsLoaded() {
-    dialogsLoaded = true;
-    showRoleChanged();
-}
-
-$(document).ready(function () {
-    $("#serverSelect").select2({
-        language: "ru",
-        minimumResultsForSearch: 8,
-        placeholder: "Сервер не выбран",
-        width: "auto",
-    });
-    $("#login").on("click", tryLogin);
-    $("#settings").on("click", toggleLoginForm);
-    $("#exit").on("click", wrapper_Global_exit);
-    $("#addServerButton").on("click", function () {
-        modalAddServerShow();
-    });
-    $("#deleteServerButton").on("click", deleteServer);
-    $("#widget").on("input", "input", forgetLogin);
-    $("#serverSelect").on("change", forgetLogin);
-    $("#widget").on("keydown", "input", function (event) {
-        if (event.which === 13) {
-            tryLogin();
-        }
-    });
-    loadRegion("#add_server", "modal/login.html");
-    loadServerList();
-    $("#name").focus();
-});
+})();

@@ -25,7 +25,6 @@ function dialogButton(button, kind) {
 //   other     the third, between the two: {text: ..., action: function}
 //   lock      whether it belongs to the screen lock, above all other dialogs
 function notice(name, options) {
-    var region = loadingRegion || "body";
     var body = $("<div class='modal-body'>");
     [].concat(options.text || []).forEach(function (line) {
         body.append($("<p>").text(line));
@@ -54,9 +53,8 @@ function notice(name, options) {
                 )
             )
         );
-    $(region).append(dialog);
-    (regionNotices[region] = regionNotices[region] || []).push(name);
-    window[name] = function (argument) {
+    $(regions.place()).append(dialog);
+    function open(argument) {
         if (options.argument) {
             $("#" + options.argument).text(argument);
         }
@@ -64,5 +62,12 @@ function notice(name, options) {
         if (options.opened) {
             options.opened();
         }
-    };
+    }
+    page({
+        [name]: options.argument
+            ? open
+            : function () {
+                  open();
+              },
+    });
 }

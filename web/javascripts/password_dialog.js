@@ -41,7 +41,7 @@ function buildPasswordDialog(options) {
                 )
             )
         )
-        .appendTo(loadingRegion);
+        .appendTo(regions.place());
 }
 
 function showPasswordError(group, isWrong) {
