@@ -36,11 +36,15 @@ function buildBroadcastDialog(type, hasVolume) {
     }
 
     const footer = $("<div class='modal-footer'>").append(
-        broadcastButton("translation_button_stop", "btn-danger", "Остановить", () => wrapper_Playback_StopRedirection()),
+        broadcastButton("translation_button_stop", "btn-danger", "Остановить", function () {
+            answers.wait("playback/stopRedirection", this);
+            wrapper_Playback_StopRedirection();
+        }),
         broadcastButton("translation_button_close", "btn-default", "Закрыть", () => modalAudioTranslationHide()),
-        broadcastButton("translation_button_start", "btn-primary accept", "Старт", () =>
-            wrapper_Playback_StartRedirection(selectedDevices().join(), type, "overlap")
-        )
+        broadcastButton("translation_button_start", "btn-primary accept", "Старт", function () {
+            answers.wait("playback/startRedirection", this);
+            wrapper_Playback_StartRedirection(selectedDevices().join(), type, "overlap");
+        })
     );
     const body = $("<div class='modal-body'>").append("<p id='translation_text'>", hasVolume ? broadcastVolume() : []);
     $("<div class='modal fade' id='modalAudioTranslation' tabindex='-1' data-backdrop='static' data-keyboard='false'>")

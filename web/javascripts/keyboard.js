@@ -24,6 +24,7 @@ const keyboard = (function () {
         event.preventDefault();
         if (!event.originalEvent.repeat) {
             event.target.click();
+            $(event.target).filter(".track").trigger("dblclick");
         }
     }
 
@@ -48,15 +49,12 @@ const keyboard = (function () {
         true
     );
 
-    return {
-        press: press,
-        // Calls `act` when somebody has moved a slider, by the mouse or by a key.
-        onSlider: function (slider, act) {
-            $(slider).on("mouseup", act).on("keyup", function (event) {
-                if (event.which >= 33 && event.which <= 40) {
-                    act.call(this, event);
-                }
-            });
-        },
-    };
+    // A key that has moved a slider ends what a pull by the mouse would end.
+    $(document).on("keyup", "input[type='range']", function (event) {
+        if (event.which >= 33 && event.which <= 40) {
+            $(this).trigger("mouseup");
+        }
+    });
+
+    return {press: press};
 })();
