@@ -3,29 +3,57 @@
 (function () {
     let roleChanged = false;
     let dialogsLoaded = false;
+    let paintTimer = null;
+
+    function isWaiting() {
+        return answers.isAwaited("#login");
+    }
+
+    // The button comes back with the answer, when there is something else to send, and in time.
+    function wait(text) {
+        answers.wait("user/login", "#login", () => $("#login_status").text(""));
+        $("#login_status").text(text);
+    }
+
+    function endWait() {
+        answers.forget("#login");
+    }
 
     page({
         selectedServer: function () {
             return $("#serverSelect").val();
         },
-        // Connecting blocks the page for a moment, so what goes on is painted before it begins. The
-        // button comes back with the answer, and when there is something else to send.
+        // Connecting blocks the page for a moment, so what goes on is painted before it begins.
         tryLogin: function () {
             if (!selectedServer()) {
                 modalNoServerShow();
                 return;
             }
-            if ($("#login").prop("disabled")) {
+            if (isWaiting()) {
                 return;
             }
             if ($("#login").is(":focus")) {
-                $("#password").focus(); // what is typed after a refusal
+                $("#password").focus(); // for what is typed after a refusal
             }
-            answers.wait("user/login", "#login", () => $("#login_status").text(""));
-            $("#login_status").text("Подключение к серверу…");
-            setTimeout(() => wrapper.login_tryLogin($("#name").val(), $("#password").val(), selectedServer()), 30);
+            wait("Подключение к серверу…");
+            setTimeout(() => {
+                wrapper.login_tryLogin($("#name").val(), $("#password").val(), selectedServer());
+                if (isWaiting()) {
+                    // It is on its way, and isn't needed here any more.
+                    $("#password").val("");
+                    $("#login_status").text("Ожидание ответа сервера…");
+                }
+            }, 30);
         },
-        forgetLogin: () => answers.forget("#login"),
+        // The end of an attempt, or of a session, in a line of the page.
+        wrapperInput_login_setMessage: function (text) {
+            endWait();
+            $("#login_status").text(text);
+        },
+        modalErrorShow: function (text) {
+            endWait();
+            modalLoginErrorShow(text);
+        },
         toggleLoginForm: function () {
             var long = !$("#widget").hasClass("long");
             $("#widget").toggleClass("long", long);
@@ -37,13 +65,16 @@
                 wrapper.login_serverList();
             });
         },
+        // Of many thousand, the box is painted once.
         addServerOption: function (ip, port, isDefault) {
-            var address = ip + "/" + port;
-            $("<option>").val(address).text(address).appendTo("#serverSelect");
+            const address = ip + "/" + port;
+            const option = new Option(address, address);
+            $("#serverSelect")[0].appendChild(option);
             if (isDefault === 1) {
-                $("#serverSelect").val(address);
+                option.selected = true;
             }
-            $("#serverSelect").trigger("change");
+            clearTimeout(paintTimer);
+            paintTimer = setTimeout(() => $("#serverSelect").trigger("change"), 0);
         },
         deleteServer: function () {
             var address = selectedServer();
@@ -56,6 +87,7 @@
             $("#serverSelect").trigger("change");
         },
         modalLoginVersionError: function (clientVersion, serverVersion) {
+            endWait();
             if (clientVersion > serverVersion) {
                 modalServerOldShow();
             } else {
@@ -92,8 +124,8 @@
             modalAddServerShow();
         });
         $("#deleteServerButton").on("click", () => deleteServer());
-        $("#widget").on("input", "input", () => forgetLogin());
-        $("#serverSelect").on("change", () => forgetLogin());
+        $("#widget").on("input", "input", endWait);
+        $("#serverSelect").on("select2:select", endWait);
         $("#widget").on("keydown", "input", function (event) {
             if (event.which === 13) {
                 tryLogin();
