@@ -5,6 +5,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QRegularExpression>
+#include <QtTest>
 
 #include <algorithm>
 
@@ -127,33 +128,43 @@ QString Scenario::playLine(const QString& line)
         letTimePass(rest.toInt());
         return {};
     }
-    return line.startsWith("end ") && consoles.erase(rest) == 1 ? QString() : "what is this?";
+    return line.startsWith("end ") ? end(rest) : "what is this?";
 }
 
 QString Scenario::request(const QString& who, const QString& names, const QJsonObject& fields,
                           const QString& word, const QJsonObject& expected)
 {
-    const QJsonObject before = picture();
+    const QJsonObject before = picture(fields.value("id"));
     const QJsonObject reply =
         consoles[who]->ask(names.section('/', 0, 0), names.section('/', 1), fields);
     if (reply.value("response") != word || !fits(reply, expected)) {
         return "answered: " + show(reply);
     }
-    return word == "success" || picture() == before ? QString() : "changed in spite of the refusal";
+    return word == "success" || picture(fields.value("id")) == before
+               ? QString()
+               : "changed in spite of the refusal";
 }
 
 QString Scenario::push(const QString& who, const QString& names, const QJsonObject& expected)
 {
     Client& console = *consoles[who];
+    console.ask("user", "getInfo"); // its answer is behind all earlier pushes
     if (names == "...") {
-        console.ask("user", "getInfo");
         console.pushes.clear();
         return {};
     }
-    const QJsonObject push = console.takePush();
+    const QJsonObject push = console.pushes.isEmpty() ? QJsonObject() : console.takePush();
     const bool named =
         push.value("request").toString() + '/' + push.value("action").toString() == names;
     return named && fits(push, expected) ? QString() : "heard: " + show(push);
+}
+
+QString Scenario::end(const QString& who)
+{
+    const int before = server->sessionCount();
+    consoles.erase(who);
+    const bool noticed = QTest::qWaitFor([&] { return server->sessionCount() < before; });
+    return noticed ? QString() : "nobody noticed";
 }
 
 /// The clocks of everything that plays are set back.
@@ -172,7 +183,7 @@ void Scenario::letTimePass(int seconds)
     simulator::Playout(*server).step();
 }
 
-/// A push that somebody has heard and no line has taken. An answer is behind all earlier pushes.
+/// A push that somebody has heard and no line has taken.
 QString Scenario::unexpectedPush()
 {
     QString extra;
@@ -186,12 +197,16 @@ QString Scenario::unexpectedPush()
     return extra;
 }
 
-/// The whole installation as an administrator reads it, but for what moves of itself.
-QJsonObject Scenario::picture()
+/// The whole installation as an administrator reads it, with the settings of one unit, but for what
+/// moves of itself.
+QJsonObject Scenario::picture(const QJsonValue& unit)
 {
     QJsonObject all;
     for (const char* list : {"user", "role", "zone", "task", "preset"}) {
         all.insert(list, witness.ask(list, "list"));
+    }
+    for (const char* part : {"getTitle", "getConfig", "getEqualizer"}) {
+        all.insert(part, witness.ask("device", part, {{"id", unit}}));
     }
     all.insert("units", witness.ask("device", "getDevices").value("devices"));
     all.insert("settings", witness.ask("server", "getSettings"));

@@ -38,10 +38,11 @@ private:
     QString request(const QString& who, const QString& names, const QJsonObject& fields,
                     const QString& word, const QJsonObject& expected);
     QString push(const QString& who, const QString& names, const QJsonObject& expected);
+    QString end(const QString& who);
     void letTimePass(int seconds);
     bool logInAll(const QStringList& lines);
     QString unexpectedPush();
-    QJsonObject picture();
+    QJsonObject picture(const QJsonValue& unit);
 
     ServerFixture server;
     simulator::Prompt prompt{*server};

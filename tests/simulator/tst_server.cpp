@@ -26,6 +26,7 @@ private Q_SLOTS:
     void deafConsoleHoldsUpOnlyItself();
     void everyRoleSeesAConsistentPart_data();
     void everyRoleSeesAConsistentPart();
+    void clockIsUtc();
     void saysWhatArrives();
     void lifeLeavesWhatIsSetByHand();
     void lifeGoesOnAndRepeatsItself();
@@ -224,6 +225,18 @@ void TestServer::everyRoleSeesAConsistentPart()
         const bool starts = task["event"] == "play";
         QVERIFY((starts ? playlists : idsIn(tasks, "id")).contains(task["eventId"].toInt()));
     }
+}
+
+void TestServer::clockIsUtc()
+{
+    ServerFixture server;
+    Client client(server->port());
+    QVERIFY(client.logIn("viewer"));
+    const QJsonObject reply = client.ask("helper", "getDateTime");
+    const QDateTime told = QDateTime::fromString(
+        reply["utcDate"].toString() + 'T' + reply["utcTime"].toString() + 'Z', Qt::ISODate);
+    QVERIFY(told.isValid());
+    QVERIFY(qAbs(told.secsTo(QDateTime::currentDateTimeUtc())) < 60);
 }
 
 void TestServer::saysWhatArrives()
