@@ -104,19 +104,23 @@ QString Prompt::execute(const QString& line)
     if (row == rows.end()) {
         return name == "help" ? help(rows) : "Unknown command, try: help";
     }
-    const QStringList kinds = QString(row->arguments).split(' ', Qt::SkipEmptyParts);
-    words = wordsFor(kinds, words);
+    return carryOut(*row, words);
+}
+
+QString Prompt::carryOut(const Row& row, const QStringList& typed)
+{
+    const QStringList kinds = QString(row.arguments).split(' ', Qt::SkipEmptyParts);
+    const QStringList words = wordsFor(kinds, typed);
     if (!areFormed(kinds, words)) {
-        return "Usage: " + usage(*row);
+        return "Usage: " + usage(row);
     }
     for (int place = 0; place < kinds.size(); ++place) {
-        const QString problem =
-            unknownName(server.installation(), kinds.at(place), words.at(place));
+        QString problem = unknownName(server.installation(), kinds.at(place), words.at(place));
         if (!problem.isEmpty()) {
             return problem;
         }
     }
-    const QString answer = (this->*row->handle)(words);
+    const QString answer = (this->*row.handle)(words);
     return answer.isEmpty() ? "ok" : answer;
 }
 

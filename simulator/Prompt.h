@@ -32,6 +32,9 @@ public:
     };
 
 private:
+    /// Looks at the words of a line before its handler gets them.
+    QString carryOut(const Row& row, const QStringList& typed);
+
     QString link(const QStringList& arguments);
     QString mains(const QStringList& arguments);
     QString battery(const QStringList& arguments);

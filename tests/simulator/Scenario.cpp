@@ -212,7 +212,8 @@ QJsonObject Scenario::picture(const QJsonValue& unit)
     all.insert("settings", witness.ask("server", "getSettings"));
     all.insert("level", witness.ask("log", "getLevel").value("maximumLevel"));
     all.insert("live", witness.ask("playback", "getRedirection").value("devices"));
-    for (const QJsonValue& playback : witness.ask("playback", "getPlays")["list"].toArray()) {
+    const QJsonArray playbacks = witness.ask("playback", "getPlays")["list"].toArray();
+    for (const QJsonValue& playback : playbacks) {
         QJsonObject still = playback.toObject();
         still.remove("timeshift");
         all.insert("playback " + QString::number(playback["playbackId"].toInt()), still);

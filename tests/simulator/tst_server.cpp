@@ -58,7 +58,8 @@ private:
 QSet<int> idsIn(const QJsonValue& list, const QString& key = {})
 {
     QSet<int> ids;
-    for (const QJsonValue& entry : list.toArray()) {
+    const QJsonArray entries = list.toArray();
+    for (const QJsonValue& entry : entries) {
         ids.insert((key.isEmpty() ? entry : entry[key]).toInt(-1));
     }
     return ids;
@@ -151,7 +152,7 @@ void TestServer::deafConsoleHoldsUpOnlyItself()
 {
     const LogWatch log;
     ServerFixture server;
-    server->setMostUnread(8 * 1024 * 1024);
+    server->setMostUnread(8LL * 1024 * 1024);
     QProcess deaf;
     deaf.start("openssl",
                {"s_client", "-quiet", "-connect", "127.0.0.1:" + QString::number(server->port())});
@@ -220,8 +221,8 @@ void TestServer::everyRoleSeesAConsistentPart()
     }
     const QJsonValue presets = client.ask("preset", "list")["presets"];
     QVERIFY(playlists.contains(idsIn(presets, "playlistId")));
-    const QJsonValue tasks = client.ask("task", "list")["tasks"];
-    for (const QJsonValue& task : tasks.toArray()) {
+    const QJsonArray tasks = client.ask("task", "list")["tasks"].toArray();
+    for (const QJsonValue& task : tasks) {
         const bool starts = task["event"] == "play";
         QVERIFY((starts ? playlists : idsIn(tasks, "id")).contains(task["eventId"].toInt()));
     }
