@@ -103,7 +103,7 @@ template <class Handle> void split(const QByteArray& stream, Handle handle)
         const int size = qMin(readSize, stream.size() - at);
         splitter.feed(QByteArray::fromRawData(stream.constData() + at, size));
         while (splitter.next() == JsonStreamSplitter::Found::Object) {
-            handle(splitter.object());
+            handle(splitter.takeObject());
         }
     }
 }
@@ -111,7 +111,7 @@ template <class Handle> void split(const QByteArray& stream, Handle handle)
 void dispatch(const QByteArray& stream)
 {
     Data::parser.reset();
-    Data::parser.writeJson(0, 0, {{"request", "device"}, {"order", 0}});
+    Data::parser.writeJson({});
     split(stream, [](const QByteArray& text) { Data::parser.parse(text); });
 }
 

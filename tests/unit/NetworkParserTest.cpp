@@ -41,7 +41,7 @@ struct Bench {
     void note(const QByteArray& event) { events.append(event); }
     void ask(int protocol, int command)
     {
-        parser.writeJson(protocol, command, {{QStringLiteral("order"), parser.orderCounter}});
+        parser.writeJson({protocol, command});
     }
     void parse(const QByteArray& text) { parser.parse(text); }
 
@@ -80,7 +80,9 @@ void NetworkParserTest::replyFindsItsHandlerAndRequest()
         {QStringLiteral("order"), 1},
         {QStringLiteral("response"), QStringLiteral("success")},
         {QStringLiteral("extra"), QJsonArray{1}},
-        {QStringLiteral("requestReply"), QJsonObject{{QStringLiteral("order"), 1}}}};
+        {QStringLiteral("requestReply"), QJsonObject{{QStringLiteral("request"), "zone"},
+                                                     {QStringLiteral("action"), "list"},
+                                                     {QStringLiteral("order"), 1}}}};
     QCOMPARE(bench.lastReply, expected);
     bench.parse(R"({"order":2,"response":"error"})");
     bench.parse(R"({"order":0,"response":"anything"})");
