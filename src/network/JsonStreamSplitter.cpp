@@ -131,6 +131,7 @@ JsonStreamSplitter::Found JsonStreamSplitter::leaveBetween(char byte)
     } else if (byte == '{') {
         ++scan;
         enter(Place::InObject);
+        countContainer(&byte);
         takeBracket(byte);
     } else {
         enter(Place::InGarbage);

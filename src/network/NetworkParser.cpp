@@ -45,8 +45,8 @@ bool asksOnly(const QString& command)
 QJsonObject withoutLongTexts(QJsonObject request)
 {
     for (auto field = request.begin(); field != request.end();) {
-        const bool isLong = field->isString() &&
-                            field->toString().size() > NetworkParser::maximumRememberedText;
+        const bool isLong =
+            field->isString() && field->toString().size() > NetworkParser::maximumRememberedText;
         field = isLong ? request.erase(field) : field + 1;
     }
     return request;
@@ -94,9 +94,8 @@ OutgoingMessage NetworkParser::writeJson(const Request& request)
     message.insert(QStringLiteral("order"), orderCounter);
     const Cause replyCauses = asksOnly(command) ? Cause::Console : request.cause;
     QByteArray text = QJsonDocument(message).toJson();
-    packets.emplace(orderCounter,
-                    PacketInfo{request.protocolId, request.commandId,
-                               withoutLongTexts(std::move(message)), replyCauses});
+    packets.emplace(orderCounter, PacketInfo{request.protocolId, request.commandId,
+                                             withoutLongTexts(std::move(message)), replyCauses});
     ++orderCounter;
     return {std::move(text), protocol.getName(), command};
 }

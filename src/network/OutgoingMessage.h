@@ -11,7 +11,9 @@ struct OutgoingMessage {
     OutgoingMessage(QByteArray utf8) : text(std::move(utf8)) {}
     /// A request, with its two names on the wire.
     OutgoingMessage(QByteArray utf8, QString protocolName, QString commandName)
-        : text(std::move(utf8)), protocol(std::move(protocolName)), command(std::move(commandName)),
+        : text(std::move(utf8)),
+          protocol(std::move(protocolName)),
+          command(std::move(commandName)),
           expectsAnswer(true)
     {
     }

@@ -1,6 +1,5 @@
 #include "network/TcpClient.h"
 
-#include "log/Dropped.h"
 #include "log/Log.h"
 #include "network/Redaction.h"
 
@@ -112,8 +111,8 @@ void TcpClient::handshake()
 {
     const Logger::Burst burst(Log::logger());
     Log::message("Handshake success");
-    Log::message(QStringLiteral("Cipher: ") + socket->sessionCipher().name() + QStringLiteral(", ") +
-                 socket->sessionCipher().protocolString());
+    Log::message(QStringLiteral("Cipher: ") + socket->sessionCipher().name() +
+                 QStringLiteral(", ") + socket->sessionCipher().protocolString());
     logErrors(socket->sslHandshakeErrors()); // not judged, but told
 }
 
@@ -246,13 +245,23 @@ void TcpClient::readMessage()
         return;
     }
     const QScopedValueRollback<bool> inRead(reading, true);
-    const Log::DropSummary drops;
+    summarizeDrops();
     if (onRead) {
         onRead(true);
     }
     readObjects();
     if (onRead) {
         onRead(false);
+    }
+}
+
+/// The socket hands a large read over in small pieces; the event loop comes round behind them all.
+void TcpClient::summarizeDrops()
+{
+    if (!drops) {
+        drops.emplace();
+        QMetaObject::invokeMethod(
+            this, [this] { drops.reset(); }, Qt::QueuedConnection);
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "log/Dropped.h"
 #include "network/JsonStreamSplitter.h"
 #include "network/KnownPeers.h"
 #include "network/NetworkParser.h"
@@ -95,6 +96,7 @@ private:
     void send(const OutgoingMessage& message);
     static void logSent(const OutgoingMessage& message);
     void scheduleReading();
+    void summarizeDrops();
     void readObjects();
     bool handleNext();
     void take(JsonStreamSplitter::Found found);
@@ -116,9 +118,10 @@ private:
     int connectionCount = 0; ///< tells a read whose connection has ended while it was handled
     bool writingScheduled = false;
     bool sending = false;
-    bool reading = false;                      ///< the loop over what has arrived is running
-    bool isReadingAside = false;               ///< a large object is under way, with its turn to come
+    bool reading = false;        ///< the loop over what has arrived is running
+    bool isReadingAside = false; ///< a large object is under way, with its turn to come
     std::optional<IncomingMessage> readObject; ///< a large one, whose turn has come
+    std::optional<Log::DropSummary> drops;     ///< of one read
     std::function<void()> onSessionEnd;
     std::function<void()> onClose;
     std::function<void(bool)> onRead;

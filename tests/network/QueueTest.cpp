@@ -263,8 +263,8 @@ void QueueTest::burstOfPushesIsAnsweredInOrder()
     QStringList acknowledgements;
     for (int order = 0; order < count; ++order) {
         // Half of them make the console ask for more.
-        QJsonObject message = order % 2 ? push("device", "setState", order)
-                                        : push("helper", "brokenLink", order);
+        QJsonObject message =
+            order % 2 ? push("device", "setState", order) : push("helper", "brokenLink", order);
         message.insert(QStringLiteral("deviceId"), 1 + order % 100);
         message.insert(QStringLiteral("versionMainText"), QString(1000, QLatin1Char('1')));
         pushes.append(message);
@@ -280,8 +280,8 @@ void QueueTest::burstOfPushesIsAnsweredInOrder()
         routePush(message);
     });
     server.send(pushes);
-    QTRY_COMPARE_WITH_TIMEOUT(
-        server.receivedNames().filter(QStringLiteral("ack ")).size(), count, 30000);
+    QTRY_COMPARE_WITH_TIMEOUT(server.receivedNames().filter(QStringLiteral("ack ")).size(), count,
+                              30000);
     QCOMPARE(server.receivedNames().filter(QStringLiteral("ack ")), acknowledgements);
     QTRY_COMPARE_WITH_TIMEOUT(Data::tcpClient.waitingRequestCount(), 0, 30000);
     QTRY_COMPARE(Data::parser.getPacketCount(), 0);
@@ -332,9 +332,11 @@ void QueueTest::readingKeepsItsOrder()
     send(ZoneCommand::List);
     sendRequests(1);
     // What is in the queue goes first; what waits gets its number when it leaves.
-    QStringList expected{QStringLiteral("device/getDevices 0"), QStringLiteral("zone/list 1"),
+    QStringList expected{QStringLiteral("device/getDevices 0"),
+                         QStringLiteral("zone/list 1"),
                          QStringLiteral("helper/checkInternet 2"),
-                         QStringLiteral("device/getState 3"), QStringLiteral("ack 7"),
+                         QStringLiteral("device/getState 3"),
+                         QStringLiteral("ack 7"),
                          QStringLiteral("device/getState 4")};
     QTRY_COMPARE(server.receivedNames(), expected);
     QCOMPARE(Data::tcpClient.waitingRequestCount(), 1);

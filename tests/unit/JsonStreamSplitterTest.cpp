@@ -20,6 +20,8 @@ QString wordOf(Found found)
         return QStringLiteral("garbage");
     case Found::TooDeep:
         return QStringLiteral("too deep");
+    case Found::TooManyValues:
+        return QStringLiteral("too many values");
     case Found::TooLarge:
         return QStringLiteral("too large");
     default:
@@ -31,7 +33,8 @@ QString wordOf(Found found)
 void drain(JsonStreamSplitter& splitter, QStringList& found)
 {
     for (Found next = splitter.next(); next != Found::Nothing; next = splitter.next()) {
-        found.append(next == Found::Object ? QString::fromUtf8(splitter.takeObject()) : wordOf(next));
+        found.append(next == Found::Object ? QString::fromUtf8(splitter.takeObject())
+                                           : wordOf(next));
         if (next == Found::TooLarge) {
             return;
         }
@@ -70,6 +73,7 @@ private Q_SLOTS:
     void streamIsSplit();
     void nestingHasALimit();
     void acceptedNestingIsReadable();
+    void numberOfValuesHasALimit();
     void clearForgetsAHalfObject();
     void randomStreamsSplitAlikeHoweverCut();
     void usedUpBytesAreLetGo();
@@ -149,6 +153,27 @@ void JsonStreamSplitterTest::nestingHasALimit()
 void JsonStreamSplitterTest::acceptedNestingIsReadable()
 {
     QVERIFY(QJsonDocument::fromJson(nested(JsonStreamSplitter::maximumDepth)).isObject());
+}
+
+void JsonStreamSplitterTest::numberOfValuesHasALimit()
+{
+    constexpr int limit = JsonStreamSplitter::maximumValues;
+    const auto stream = [](const QByteArray& element, int count) {
+        return R"({"t":"a,[","u":[)" + (element + ",").repeated(count - 1) + element + "]}";
+    };
+    // The element, and how many values each stands for; two more are around them.
+    const QVector<QPair<QByteArray, int>> elements{
+        {"1", 1}, {"[]", 1}, {R"({"a":[0,"\\",[]]})", 5}};
+    for (const auto& [element, values] : elements) {
+        for (const bool fits : {true, false}) {
+            JsonStreamSplitter splitter;
+            splitter.feed(stream(element, (limit - 2) / values + (fits ? 0 : 1)));
+            QVERIFY(splitter.next() == (fits ? Found::Object : Found::TooManyValues));
+            splitter.feed("{}");
+            QVERIFY(splitter.next() == Found::Object);
+            QCOMPARE(splitter.takeObject().size(), 2);
+        }
+    }
 }
 
 void JsonStreamSplitterTest::clearForgetsAHalfObject()
