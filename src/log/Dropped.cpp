@@ -1,7 +1,5 @@
 #include "log/Dropped.h"
 
-#include "log/Log.h"
-
 #include <QHash>
 #include <QVector>
 

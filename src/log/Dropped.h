@@ -1,5 +1,7 @@
 #pragma once
 
+#include "log/Log.h"
+
 #include <QString>
 
 namespace Log
@@ -22,6 +24,13 @@ public:
     ~DropSummary();
     DropSummary(const DropSummary&) = delete;
     DropSummary& operator=(const DropSummary&) = delete;
+};
+
+/// How the log is kept while what one read has brought is handled: what is dropped comes together,
+/// and standard output waits for the end.
+struct ReadLog {
+    Logger::Burst echo{logger(), Logger::Held::Echo};
+    DropSummary drops;
 };
 
 } // namespace Log

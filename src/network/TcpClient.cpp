@@ -245,7 +245,7 @@ void TcpClient::readMessage()
         return;
     }
     const QScopedValueRollback<bool> inRead(reading, true);
-    summarizeDrops();
+    gatherLog();
     if (onRead) {
         onRead(true);
     }
@@ -256,12 +256,12 @@ void TcpClient::readMessage()
 }
 
 /// The socket hands a large read over in small pieces; the event loop comes round behind them all.
-void TcpClient::summarizeDrops()
+void TcpClient::gatherLog()
 {
-    if (!drops) {
-        drops.emplace();
+    if (!gathered) {
+        gathered.emplace();
         QMetaObject::invokeMethod(
-            this, [this] { drops.reset(); }, Qt::QueuedConnection);
+            this, [this] { gathered.reset(); }, Qt::QueuedConnection);
     }
 }
 

@@ -96,7 +96,7 @@ private:
     void send(const OutgoingMessage& message);
     static void logSent(const OutgoingMessage& message);
     void scheduleReading();
-    void summarizeDrops();
+    void gatherLog();
     void readObjects();
     bool handleNext();
     void take(JsonStreamSplitter::Found found);
@@ -121,7 +121,7 @@ private:
     bool reading = false;        ///< the loop over what has arrived is running
     bool isReadingAside = false; ///< a large object is under way, with its turn to come
     std::optional<IncomingMessage> readObject; ///< a large one, whose turn has come
-    std::optional<Log::DropSummary> drops;     ///< of one read
+    std::optional<Log::ReadLog> gathered;
     std::function<void()> onSessionEnd;
     std::function<void()> onClose;
     std::function<void(bool)> onRead;
