@@ -228,9 +228,11 @@ void FrameTest::alarmDialogsOpenTheirPages()
     console->value(QStringLiteral("$('%1').val('x');").arg(field) + ask);
     QCOMPARE(lastRequest().value("target").toString(), QStringLiteral("alarm"));
     answerLastRequest("forbidden");
-    QVERIFY(
-        console->value(isOpen + QStringLiteral(" && $('%1 .has-error').length === 1").arg(dialog))
-            .toBool());
+    QVERIFY(console
+                ->value(isOpen + QStringLiteral(" && $('%1 .has-error .help-block').text() === "
+                                                "'Неправильный пароль'")
+                                     .arg(dialog))
+                .toBool());
     QCOMPARE(Data::waitForAlarm, 0);
     console->value(QStringLiteral("$('%1').val('x');").arg(field) + ask);
     answerLastRequest("success");

@@ -27,6 +27,9 @@ private Q_SLOTS:
     void keysWorkWhatCanBeClicked();
     void userMenuClosesByKeyAndClick();
     void controlsWaitForTheirAnswer();
+    void heldKeyActsOnce();
+    void fieldsKeepCharactersOut_data();
+    void fieldsKeepCharactersOut();
 
 private:
     void openHome();
@@ -355,6 +358,57 @@ void KeyboardTest::controlsWaitForTheirAnswer()
         run("modalBlockWrongPasswordHide()");
     }
     QVERIFY(!is("$('#blockModal').is(':visible')"));
+}
+
+void KeyboardTest::heldKeyActsOnce()
+{
+    openHome();
+    run("$('#translation').show().attr('tabindex', 0).focus()");
+    QTest::keyPress(console().view().getView(), Qt::Key_Return);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+    QCoreApplication::sendEvent(console().view().getView(), &held);
+    QVERIFY(is("$('#warning_access').is(':visible')"));
+    QVERIFY(!takeCalls().contains("modal_tryUnblockAlarm"));
+    QTest::keyRelease(console().view().getView(), Qt::Key_Return);
+    press(Qt::Key_Return);
+    QVERIFY(takeCalls().contains("modal_tryUnblockAlarm"));
+}
+
+void KeyboardTest::fieldsKeepCharactersOut_data()
+{
+    QTest::addColumn<QString>("check");
+    QTest::addColumn<QString>("typed"); // with shift where the character stands behind a "^"
+    QTest::addColumn<QString>("left");
+    QTest::newRow("name") << "limitName('#probe')"
+                          << "a2^@6^^7^&,^<.^>/^?\\^|'^\";-z"
+                          << "a267,.?|;-z";
+    // Where the letters are others, so are the places of the characters.
+    QTest::newRow("name, Russian")
+        << "limitName('#probe')" << QStringLiteral("эбю^Э^Б^Ю.^,\\^/^\"ё")
+        << QStringLiteral("эбюЭБЮ.,ё");
+    QTest::newRow("number") << "$('#probe').on('keydown', function (event) "
+                               "{ return checkNumber(this, event); })"
+                            << "1a 2^!-.^%3э"
+                            << "123";
+}
+
+void KeyboardTest::fieldsKeepCharactersOut()
+{
+    QFETCH(QString, check);
+    QFETCH(QString, typed);
+    QFETCH(QString, left);
+    openHome();
+    run("$('<input id=probe>').appendTo('#main');" + check + "; $('#probe').focus()");
+    for (int index = 0; index < typed.size(); ++index) {
+        const bool isShifted = typed.at(index) == '^';
+        const QString text = typed.at(isShifted ? ++index : index);
+        const int key = text.toUpper().at(0).unicode();
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, isShifted ? Qt::ShiftModifier : Qt::NoModifier, text);
+            QCoreApplication::sendEvent(console().view().getView(), &event);
+        }
+    }
+    QCOMPARE(text("$('#probe').val()"), left);
 }
 
 VANTORDESK_PAGE_TEST(KeyboardTest)

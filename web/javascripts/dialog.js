@@ -201,7 +201,7 @@ const dialogs = (function () {
             goRound(event, element);
         } else if (event.which === 27) {
             $(element).find(".cancel:visible:enabled").first().click();
-        } else if (event.which === 13 && !event.repeat && !$(event.target).is("button, textarea, .select2-selection")) {
+        } else if (event.which === 13 && !$(event.target).is("button, textarea, .select2-selection")) {
             event.preventDefault();
             $(element).find(".accept:visible:enabled").not(".btn-danger").first().click();
         }

@@ -5,11 +5,8 @@ const longestName = 32;
 // Keeps a name field to the characters and the length that a name may have.
 function limitName(selector) {
     $(selector)
-        .on("keydown", function (event) {
-            return checkValue(this, event);
-        })
         .on("keypress", function (event) {
-            return !isRefusedCharacter(event.charCode); // another layout has them on other keys
+            return checkValue(this, event);
         })
         .on("keyup", function () {
             checkValueSize(this);

@@ -22,18 +22,30 @@ const keyboard = (function () {
             return;
         }
         event.preventDefault();
-        if (!event.originalEvent.repeat) {
-            event.target.click();
-            $(event.target).filter(".track").trigger("dblclick");
-        }
+        event.target.click();
+        $(event.target).filter(".track").trigger("dblclick");
     }
 
     $(document).on("keydown", press);
+
+    // A key that is held acts once: what it has opened would hear it next. The engine doesn't tell
+    // the repeats.
+    const held = {};
+
+    function isHeld(event) {
+        const wasHeld = held[event.which];
+        held[event.which] = true;
+        return wasHeld && (event.which === 13 || (event.which === 32 && !$(event.target).is("input, textarea")));
+    }
 
     // The ring shows where the keys go once somebody uses them.
     window.addEventListener(
         "keydown",
         function (event) {
+            if (isHeld(event)) {
+                event.preventDefault();
+                event.stopImmediatePropagation();
+            }
             if (event.which === 9) {
                 makeStops();
             }
@@ -41,6 +53,8 @@ const keyboard = (function () {
         },
         true
     );
+    window.addEventListener("keyup", (event) => delete held[event.which], true);
+    window.addEventListener("blur", () => Object.keys(held).forEach((key) => delete held[key]));
     window.addEventListener(
         "mousedown",
         function () {

@@ -18,14 +18,14 @@ const refusedWithShift = {50: "@", 54: "^", 55: "&", 188: "<", 190: ">"};
 const refusedWithoutShift = {191: "/", 220: "\\"};
 const refusedAlways = {222: "'\""};
 
-// Bound to onkeydown of name fields: refuses the characters that a name may not hold.
+// Bound to the keys of name fields: refuses the characters that a name may not hold. Pressed keys are
+// told by their codes, which are those of the Latin layout; typed characters by themselves.
 function checkValue(object, event) {
+    if (event.type === "keypress") {
+        return event.charCode === 0 || !"@^&<>\\/'\"".includes(String.fromCharCode(event.charCode));
+    }
     const refused = event.shiftKey ? refusedWithShift : refusedWithoutShift;
     return !(event.keyCode in refused) && !(event.keyCode in refusedAlways);
-}
-
-function isRefusedCharacter(code) {
-    return code !== 0 && "@^&<>\\/'\"".includes(String.fromCharCode(code));
 }
 
 // Bound to onkeyup of name fields: a name has 32 characters at the most.
@@ -38,7 +38,7 @@ function checkValueSize(object) {
 // Bound to onkeydown of number fields: control keys, digits and the numeric keypad.
 function checkNumber(object, event) {
     const code = event.keyCode;
-    const isControl = code < 47 && code !== 32;
+    const isControl = code > 0 && code < 47 && code !== 32; // a letter of another layout has none
     return isControl || (!event.shiftKey && code >= 48 && code <= 57) || (code >= 96 && code <= 105);
 }
 
