@@ -130,11 +130,9 @@ void protocolUserCommandLogin(const QJsonObject& reply)
     } else if (word == QLatin1String("error")) {
         runHook(sessionHooks().loginRefused);
     } else if (word == QLatin1String("required")) {
-        if (const auto version = Fields::integer(reply, "version")) {
-            Page::call("modalLoginVersionError", Data::apiVersion, *version);
-        } else {
-            Log::message("Dropped refused login: no version");
-        }
+        // A server that doesn't say which version it speaks is older than that answer.
+        Page::call("modalLoginVersionError", Data::apiVersion,
+                   Fields::integer(reply, "version").value_or(0));
     }
 }
 
@@ -162,14 +160,14 @@ void protocolUserCommandGetInfo(const QJsonObject& reply)
         return;
     }
     const auto name = Fields::text(reply, "name");
-    const auto title = Fields::text(reply, "title");
-    if (!name || !title) {
-        Log::message("Dropped user information: no name or title");
+    if (!name) {
+        Log::message("Dropped user information: no name");
         return;
     }
+    const auto title = Fields::text(reply, "title");
     if (User* const current = Data::getCurrentUser()) {
         current->setName(*name);
-        current->setTitle(*title);
+        current->setTitle(title.value_or(current->getTitle()));
         const Role* const role = Data::getCurrentRole();
         const auto roleName = Fields::text(reply, "role");
         if (role && roleName && *roleName != role->getName()) {
@@ -182,7 +180,7 @@ void protocolUserCommandGetInfo(const QJsonObject& reply)
         user->setCurrent(true);
         user->setStatus(true);
         user->setName(*name);
-        user->setTitle(*title);
+        user->setTitle(title.value_or(user->getTitle())); // the session is on without one, too
     }
     Page::call("modalLoadingHide");
 }
