@@ -1,5 +1,7 @@
 #include "protocol/Forbidden.h"
 
+#include "app/Data.h"
+#include "network/NetworkParser.h"
 #include "page/ScriptCall.h"
 #include "protocol/Reply.h"
 
@@ -38,7 +40,7 @@ bool isAnswer(const QJsonObject& reply)
 
 void tell(const QJsonObject& reply)
 {
-    if (isAnswer(reply)) {
+    if (isAnswer(reply) && Data::parser.currentCause() == Cause::Operator) {
         Page::call("modalForbiddenShow");
     }
 }

@@ -12,7 +12,8 @@ namespace Forbidden
 /// by itself, and not where the command's own handler has a dialog for it.
 bool isTold(const QString& protocol, const QString& command);
 
-/// Opens the frame's dialog if the reply is such an answer.
+/// Opens the frame's dialog if the reply is such an answer to what the operator caused. To be
+/// called by the handler of the reply.
 void tell(const QJsonObject& reply);
 
 /// Whether the reply is such an answer.

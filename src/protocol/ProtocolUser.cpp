@@ -1,6 +1,7 @@
 #include "protocol/ProtocolUser.h"
 
 #include "app/Data.h"
+#include "log/Dropped.h"
 #include "log/Log.h"
 #include "model/ModelList.h"
 #include "model/Role.h"
@@ -161,7 +162,7 @@ void protocolUserCommandGetInfo(const QJsonObject& reply)
     }
     const auto name = Fields::text(reply, "name");
     if (!name) {
-        Log::message("Dropped user information: no name");
+        Log::dropped(QStringLiteral("Dropped user information: no name"));
         return;
     }
     const auto title = Fields::text(reply, "title");
