@@ -161,14 +161,15 @@ void protocolUserCommandGetInfo(const QJsonObject& reply)
         return;
     }
     const auto name = Fields::text(reply, "name");
-    if (!name) {
-        Log::dropped(QStringLiteral("Dropped user information: no name"));
+    const auto title = Fields::text(reply, "title");
+    User* const current = Data::getCurrentUser();
+    if (!name || (current && !title)) { // the session begins without a title, too
+        Log::dropped(QStringLiteral("Dropped user information: no name or title"));
         return;
     }
-    const auto title = Fields::text(reply, "title");
-    if (User* const current = Data::getCurrentUser()) {
+    if (current) {
         current->setName(*name);
-        current->setTitle(title.value_or(current->getTitle()));
+        current->setTitle(*title);
         const Role* const role = Data::getCurrentRole();
         const auto roleName = Fields::text(reply, "role");
         if (role && roleName && *roleName != role->getName()) {
@@ -181,7 +182,7 @@ void protocolUserCommandGetInfo(const QJsonObject& reply)
         user->setCurrent(true);
         user->setStatus(true);
         user->setName(*name);
-        user->setTitle(title.value_or(user->getTitle())); // the session is on without one, too
+        user->setTitle(title.value_or(user->getTitle()));
     }
     Page::call("modalLoadingHide");
 }
