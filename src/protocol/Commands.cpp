@@ -1,5 +1,23 @@
 #include "protocol/Commands.h"
 
+#include "protocol/Forbidden.h"
+
+namespace
+{
+
+NetworkCommand::Function replyHandler(const char* protocol, const CommandRow& row)
+{
+    if (!Forbidden::isTold(QLatin1String(protocol), QLatin1String(row.name))) {
+        return row.handler;
+    }
+    return [handler = row.handler](const QJsonObject& reply) {
+        handler(reply);
+        Forbidden::tell(reply);
+    };
+}
+
+} // namespace
+
 void registerProtocol(NetworkParser* parser, const char* name, const CommandRow* rows,
                       std::size_t count)
 {
@@ -12,7 +30,7 @@ void registerProtocol(NetworkParser* parser, const char* name, const CommandRow*
             command.setWireName(QLatin1String(rows[index].wireName));
         }
         if (rows[index].handler) {
-            command.setFunction(rows[index].handler);
+            command.setFunction(replyHandler(name, rows[index]));
         }
         protocol->addNetworkCommand(command);
     }

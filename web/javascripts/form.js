@@ -45,14 +45,16 @@ function setSwitch(on, off, value) {
     });
 }
 
-// A select box with its list in the dialog that it stands in, if there is one.
-function buildSelect(selector) {
+// A select box with its list in the dialog that it stands in, if there is one. The placeholder is
+// what it shows while nothing is chosen.
+function buildSelect(selector, placeholder) {
     var select = $(selector);
     var dialog = select.closest(".modal");
     select.select2({
         language: "ru",
         width: "100%",
         minimumResultsForSearch: 10,
+        placeholder: placeholder,
         dropdownParent: dialog.length ? dialog : $(document.body),
     });
 }
