@@ -24,7 +24,8 @@ private Q_SLOTS:
 private:
     QMap<QString, QString> pages;   ///< path below the web folder, text
     QMap<QString, QString> sources; ///< path below the source folder, text
-    QSet<QString> slotForms;        ///< name/number of arguments
+    QMap<QString, QString> forwarders;
+    QSet<QString> slotForms; ///< name/number of arguments
 };
 
 namespace
@@ -106,14 +107,34 @@ int countArguments(const QString& text, int position)
     return empty ? 0 : commas + 1;
 }
 
-QVector<Call> wrapperCalls(const QString& text)
+/// The rows of the table of forwarders: the function of the pages, and its slot.
+QMap<QString, QString> readForwarders(const QString& script)
 {
-    static const QRegularExpression pattern(QStringLiteral("\\bwrapper\\.(\\w+)\\s*\\("));
+    static const QRegularExpression row(QStringLiteral("^    (wrapper\\w+): \"(\\w+)\",$"),
+                                        QRegularExpression::MultilineOption);
+    QMap<QString, QString> result;
+    auto matches = row.globalMatch(script);
+    while (matches.hasNext()) {
+        const auto match = matches.next();
+        result.insert(match.captured(1), match.captured(2));
+    }
+    return result;
+}
+
+/// The calls of slots in a script, by `wrapper` itself and by the forwarders.
+QVector<Call> slotCalls(const QString& text, const QMap<QString, QString>& forwarders)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral("\\bwrapper\\.(\\w+)\\s*\\(|(?<!function )\\b(wrapper\\w*)\\s*\\("));
     QVector<Call> calls;
     auto matches = pattern.globalMatch(text);
     while (matches.hasNext()) {
         const auto match = matches.next();
-        calls.append({match.captured(1), countArguments(text, match.capturedEnd())});
+        const QString slot =
+            match.captured(1).isEmpty() ? forwarders.value(match.captured(2)) : match.captured(1);
+        if (!slot.isEmpty()) {
+            calls.append({slot, countArguments(text, match.capturedEnd())});
+        }
     }
     return calls;
 }
@@ -156,8 +177,8 @@ QSet<QString> calledFunctions(const QMap<QString, QString>& sources)
 bool isDefined(const QString& name, const QMap<QString, QString>& pages)
 {
     const QRegularExpression definition(
-        QStringLiteral(
-            "function\\s+%1\\s*\\(|\\b%1\\s*=\\s*(?:function|\\()|notice\\(\\s*[\"']%1[\"']")
+        QStringLiteral("function\\s+%1\\s*\\(|\\b%1\\s*[:=]\\s*(?:function|\\(|\\w+,)|notice\\(\\s*"
+                       "[\"']%1[\"']")
             .arg(name));
     return std::any_of(pages.begin(), pages.end(),
                        [&](const QString& text) { return definition.match(text).hasMatch(); });
@@ -176,6 +197,8 @@ void BridgeContractTest::initTestCase()
                              .arg(QString::fromLatin1(method.name()))
                              .arg(method.parameterCount()));
     }
+    forwarders = readForwarders(pages.value("javascripts/wrapper.js"));
+    QVERIFY(forwarders.size() > 10);
     QVERIFY(pages.size() > 5);
     QVERIFY(sources.size() > 20);
     QVERIFY(slotForms.size() > 10);
@@ -183,10 +206,12 @@ void BridgeContractTest::initTestCase()
 
 void BridgeContractTest::findsCallsWithTheirArguments()
 {
-    const QVector<Call> calls =
-        wrapperCalls("wrapper.one(); if (a) { wrapper . x; wrapper.two(f(1, 2), 'a,)b') } "
-                     "wrapper.three([1,2], {a: 1}, \"\\\"\")");
-    QCOMPARE(calls.size(), 3);
+    const QVector<Call> calls = slotCalls(
+        "wrapper.one(); if (a) { wrapper . x; wrapper.two(f(1, 2), 'a,)b') } "
+        "wrapper.three([1,2], {a: 1}, \"\\\"\"); wrapper_Four(1); function wrapper_Four(a, b)",
+        {{"wrapper_Four", "four"}});
+    QCOMPARE(calls.size(), 4);
+    QCOMPARE(calls.at(3).name, QStringLiteral("four"));
     QCOMPARE(calls.at(0).arguments, 0);
     QCOMPARE(calls.at(1).arguments, 2);
     QCOMPARE(calls.at(2).arguments, 3);
@@ -196,7 +221,7 @@ void BridgeContractTest::pagesCallSlotsThatExist()
 {
     QStringList wrong;
     for (auto page = pages.begin(); page != pages.end(); ++page) {
-        for (const Call& call : wrapperCalls(page.value())) {
+        for (const Call& call : slotCalls(page.value(), forwarders)) {
             const QString form = QStringLiteral("%1/%2").arg(call.name).arg(call.arguments);
             if (!slotForms.contains(form)) {
                 wrong.append(page.key() + ": wrapper." + form);
@@ -210,8 +235,17 @@ void BridgeContractTest::eachSlotIsCalledByAPage()
 {
     QSet<QString> called;
     for (const QString& text : qAsConst(pages)) {
-        for (const Call& call : wrapperCalls(text)) {
+        for (const Call& call : slotCalls(text, forwarders)) {
             called.insert(call.name);
+        }
+    }
+    // A forwarder may also be handed on as a value.
+    for (auto row = forwarders.begin(); row != forwarders.end(); ++row) {
+        const QRegularExpression value(QStringLiteral(": %1\\b").arg(row.key()));
+        for (const QString& text : qAsConst(pages)) {
+            if (value.match(text).hasMatch()) {
+                called.insert(row.value());
+            }
         }
     }
     QStringList forgotten;
