@@ -2,8 +2,43 @@
 // the same ids, so this one looks for its own in itself.
 
 (function () {
+    const activeZones = ".zone_active, .zone_hard_active, .zone_logic_active";
+
     function own(name, id) {
         return $("#side_menu #" + name + "_" + id);
+    }
+
+    const countPause = 50; // milliseconds that changes may gather before the units are counted again
+    let counts = {}; // units by zone, those of the zones below it included
+    let countTimer = null;
+
+    // A unit counts once in each zone that it is in or below.
+    function countUnits() {
+        clearTimeout(countTimer);
+        countTimer = null;
+        counts = {};
+        const parents = {};
+        cards.list.items.forEach((unit) => {
+            const above = new Set();
+            unit.zones.forEach((zone) => {
+                for (let id = zone; id > 0 && !above.has(id); id = parents[id]) {
+                    above.add(id);
+                    parents[id] = parents[id] === undefined ? parentOf(id) : parents[id];
+                }
+            });
+            above.forEach((id) => (counts[id] = (counts[id] || 0) + 1));
+        });
+        counts[0] = cards.list.items.size;
+        $("#zone_menu .zone").each((index, row) => {
+            setText($(row).children(".zone_count"), String(counts[row.id.substr("zone_".length)] || 0));
+        });
+        showEmptyCards();
+    }
+
+    function countSoon() {
+        if (countTimer === null && cards && cards.list) {
+            countTimer = setTimeout(() => cards && cards.list && countUnits(), countPause);
+        }
     }
 
     // A zone without zones below has nothing to expand.
@@ -18,6 +53,10 @@
         return Number((own("zone", id).parent().attr("id") || "").substr("sub_zone_".length));
     }
 
+    function zoneCount() {
+        return $("<span class='zone_count digits'>").attr("title", "Устройств, со вложенными зонами");
+    }
+
     function zoneRow(id, name) {
         return $("<div class='zone'>")
             .attr({id: "zone_" + id, title: name})
@@ -25,7 +64,8 @@
                 $("<i class='fa fa-volume-up zone_expand'>")
                     .attr("id", "zone_expand_" + id)
                     .on("click", (event) => menu_ZoneExpand(id, event)),
-                $("<span class='zone_name ellipsis'>").attr("id", "zone_name_" + id).text(name)
+                $("<span class='zone_name ellipsis'>").attr("id", "zone_name_" + id).text(name),
+                zoneCount()
             )
             .on("click", () => menu_ZoneSelect(id))
             .add($("<div class='sub_zone'>").attr("id", "sub_zone_" + id));
@@ -49,19 +89,28 @@
             place.append(own("zone", id), own("sub_zone", id));
             showExpander(formerParent);
             showExpander(parentId);
+            countSoon();
         }
     }
 
     page({
+        menu_countUnits: countSoon,
+        menu_unitsOfZone: function (id) {
+            if (countTimer !== null) {
+                countUnits();
+            }
+            return counts[id] || 0;
+        },
+        menu_chosenZone: () => Number(($("#zone_menu").find(activeZones).attr("id") || "zone_0").substr("zone_".length)),
         menu_ZoneAdd: function (id, name) {
             $("#zone_menu").append(
                 $("<div class='zone zone_active'>")
                     .attr("id", "zone_" + id)
-                    .append($("<i class='fa fa-volume-up'>"), $("<span class='zone_name ellipsis'>").text(name))
+                    .append($("<i class='fa fa-volume-up'>"), $("<span class='zone_name ellipsis'>").text(name), zoneCount())
                     .on("click", () => menu_ZoneSelectAll()),
                 $("<div>").attr("id", "sub_zone_" + id)
             );
-            showCardsOfZone(".zone_device", 0);
+            showCardsOfZone(0);
         },
         // A known one moves or changes its colour where its parent or its type has changed.
         wrapperInput_zone_add: function (id, parentId, name, parentName, type) {
@@ -82,19 +131,20 @@
             own("sub_zone", id).children().appendTo(own("sub_zone", 0));
             own("zone", id).add(own("sub_zone", id)).remove();
             showExpander(parentId);
+            countSoon();
             if (wasActive) {
                 menu_ZoneSelectAll();
             }
         },
         menu_ZoneSelect: function (id) {
             var zone = own("zone", id);
-            $(".zone").removeClass("zone_active zone_hard_active zone_logic_active");
+            $("#zone_menu .zone").removeClass("zone_active zone_hard_active zone_logic_active");
             if (id === 0) {
                 zone.addClass("zone_active");
             } else {
                 zone.addClass(zone.hasClass("zone_hard") ? "zone_hard_active" : "zone_logic_active");
             }
-            showCardsOfZone(".zone_device", id);
+            showCardsOfZone(id);
         },
         menu_ZoneSelectAll: function () {
             menu_ZoneSelect(0);
@@ -109,6 +159,8 @@
         },
     });
 
+    $("#side_menu").on("leave", () => clearTimeout(countTimer));
     menu_ZoneAdd(0, "Все зоны");
+    countSoon();
     wrapperLoadZoneList();
 })();
