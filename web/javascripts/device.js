@@ -49,7 +49,7 @@ function setSlider(selector, value) {
 // What a range field is set to, in its unit: percent, or as its `data-unit` says.
 function sliderText(slider) {
     const value = slider.classList.contains("slider_turned") ? -slider.value : Number(slider.value);
-    const unit = slider.dataset.unit || "%";
+    const unit = slider.getAttribute("data-unit") || "%";
     return (unit !== "%" && value > 0 ? "+" : "") + value + (unit === "%" ? "%" : " " + unit);
 }
 

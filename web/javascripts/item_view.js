@@ -67,7 +67,7 @@ class ItemView {
     clicked(event) {
         const item = this.itemAt(event.target);
         const part = event.target.closest("[data-action]");
-        const action = this.options.actions[part && this.place.contains(part) ? part.dataset.action : "open"];
+        const action = this.options.actions[part && this.place.contains(part) ? part.getAttribute("data-action") : "open"];
         if (item && action) {
             action(item.id, event);
         }
@@ -80,11 +80,12 @@ class ItemView {
         const parts = {root: element};
         const named = element.querySelectorAll("[data-part]");
         for (let index = 0; index < named.length; ++index) {
-            const name = named[index].dataset.part;
+            const name = named[index].getAttribute("data-part");
             parts[name] = named[index];
             named[index].id = this.options.prefix + name + "_" + item.id;
         }
-        element.id = this.options.prefix + (element.dataset.part ? element.dataset.part + "_" : "") + item.id;
+        const own = element.getAttribute("data-part");
+        element.id = this.options.prefix + (own ? own + "_" : "") + item.id;
         element.tabIndex = -1;
         element.item = item;
         item.element = element;

@@ -120,7 +120,7 @@ const tickPainter = {
 const volumePainter = {
     volume: (parts, volume) => {
         parts.volume.style.width = volume + "%";
-        parts.volume.dataset.value = volume;
+        parts.volume.setAttribute("data-value", volume);
         parts.volume.parentNode.title = "Громкость: " + volume;
     },
 };

@@ -44,7 +44,7 @@
     }
 
     function showGain() {
-        $(this).closest(".equalizer_band").find(".band_gain").text(sliderText(this));
+        $(this).closest(".equalizer_band").find(".band_gain").text(sliderText(this).replace(" дБ", ""));
     }
 
     function buildEqualizer() {
@@ -63,7 +63,7 @@
             bands.append(bandSlider(band));
         }
         var full = $("<div id='device_equalizer_v3' style='display: none'>").append(
-            $("<div class='panel_row'>").append($("<span class='panel_label'>").text("Эквалайзер"), bands)
+            $("<div class='panel_row'>").append($("<span class='panel_label'>").text("Эквалайзер, дБ"), bands)
         );
         $("#device_panel").append(simple, full);
         onSliderSet(simple.find("input"), function () {
