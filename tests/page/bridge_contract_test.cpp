@@ -241,7 +241,7 @@ void BridgeContractTest::eachSlotIsCalledByAPage()
     }
     // A forwarder may also be handed on as a value.
     for (auto row = forwarders.begin(); row != forwarders.end(); ++row) {
-        const QRegularExpression value(QStringLiteral(": %1\\b").arg(row.key()));
+        const QRegularExpression value(QStringLiteral("[:,] %1\\b").arg(row.key()));
         for (const QString& text : qAsConst(pages)) {
             if (value.match(text).hasMatch()) {
                 called.insert(row.value());

@@ -3,6 +3,20 @@
 (function () {
     let roleChanged = false;
     let dialogsLoaded = false;
+    let paintTimer = null;
+    let isWaiting = false; // for the end of a login
+
+    function showWait(text) {
+        isWaiting = true;
+        $("#login").prop("disabled", true);
+        $("#login_status").text(text);
+    }
+
+    function endWait() {
+        isWaiting = false;
+        $("#login").prop("disabled", false);
+        $("#login_status").text("");
+    }
 
     page({
         selectedServer: function () {
@@ -14,16 +28,27 @@
                 modalNoServerShow();
                 return;
             }
-            if ($("#login").prop("disabled")) {
+            if (isWaiting) {
                 return;
             }
-            $("#login").prop("disabled", true);
-            $("#login_status").text("Подключение к серверу…");
-            setTimeout(function () {
+            showWait("Подключение к серверу…");
+            setTimeout(() => {
                 wrapper.login_tryLogin($("#name").val(), $("#password").val(), selectedServer());
-                $("#login").prop("disabled", false);
-                $("#login_status").text("");
+                if (isWaiting) {
+                    // It is on its way, and isn't needed here any more.
+                    $("#password").val("");
+                    showWait("Ожидание ответа сервера…");
+                }
             }, 30);
+        },
+        // The end of an attempt, or of a session, in a line of the page.
+        wrapperInput_login_setMessage: function (text) {
+            endWait();
+            $("#login_status").text(text);
+        },
+        modalErrorShow: function (text) {
+            endWait();
+            modalLoginErrorShow(text);
         },
         toggleLoginForm: function () {
             var long = !$("#widget").hasClass("long");
@@ -36,13 +61,16 @@
                 wrapper.login_serverList();
             });
         },
+        // Of many thousand, the box is painted once.
         addServerOption: function (ip, port, isDefault) {
-            var address = ip + "/" + port;
-            $("<option>").val(address).text(address).appendTo("#serverSelect");
+            const address = ip + "/" + port;
+            const option = new Option(address, address);
+            $("#serverSelect")[0].appendChild(option);
             if (isDefault === 1) {
-                $("#serverSelect").val(address);
+                option.selected = true;
             }
-            $("#serverSelect").trigger("change");
+            clearTimeout(paintTimer);
+            paintTimer = setTimeout(() => $("#serverSelect").trigger("change"), 0);
         },
         deleteServer: function () {
             var address = selectedServer();
@@ -55,6 +83,7 @@
             $("#serverSelect").trigger("change");
         },
         modalLoginVersionError: function (clientVersion, serverVersion) {
+            endWait();
             if (clientVersion > serverVersion) {
                 modalServerOldShow();
             } else {
