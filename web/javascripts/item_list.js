@@ -8,7 +8,7 @@
 //   region     the region whose "leave" ends the list
 //   template   the mark-up of an item without texts; `data-part` names its parts
 //   prefix     begins the ids: prefix + item, and prefix + part + "_" + item
-//   paint      {field: function (parts, value, item)}: shows a field; `parts.root` is the element
+//   paint      {field: [function (parts, item), …]}: what shows a field; `parts.root` is the element
 //   actions    {name: function (id)}: what a click into a part with that `data-action` does; "open"
 //              is that of the rest of the item, and of Enter; a list with "tick" ticks by Space
 //   tickable   function (item): whether it may be ticked; without it none may
@@ -168,11 +168,11 @@ class ItemList {
         }
     }
 
-    // Scrolls as far as it takes to see an item.
+    // Scrolls as far as it takes to see an item, at the next turn.
     reveal(id) {
         const item = this.get(id);
         if (item && item.passes) {
-            this.view.reveal(item);
+            this.view.revealSoon(item);
         }
     }
 

@@ -14,12 +14,14 @@ class ItemView {
         this.place = $(options.list).addClass("item_list")[0];
         this.scroller = $(options.scroller)[0];
         this.pattern = $.parseHTML(options.template.trim())[0];
+        this.painters = new Set([].concat.apply([], Object.keys(options.paint).map((field) => options.paint[field])));
         this.above = this.addSpacer();
         this.below = this.addSpacer();
         this.present = new Set(); // the items that have an element
         this.cell = null; // {height, columns, width} of what the items stand in, once measured
         this.topIndex = 0; // among the shown items, the first in the window
         this.pressed = null;
+        this.revealing = null; // the item that the next update scrolls to
         this.stop = null; // the item that Tab leads to
         this.timer = null;
         this.events = ".items" + ++viewsSoFar;
@@ -48,7 +50,7 @@ class ItemView {
         $(document).off(this.events);
         $(this.place).off();
         this.present.clear();
-        this.pressed = this.stop = null;
+        this.pressed = this.stop = this.revealing = null;
     }
 
     get isLong() {
@@ -91,19 +93,18 @@ class ItemView {
         item.element = element;
         item.parts = parts;
         this.present.add(item);
-        Object.keys(this.options.paint).forEach((field) => this.paint(item, field));
+        this.painters.forEach((painter) => painter(parts, item));
         element.classList.toggle("hidden", !item.passes);
     }
 
     paint(item, field) {
-        const painter = this.options.paint[field];
-        if (item.element && painter) {
-            painter(item.parts, item[field], item);
+        if (item.element) {
+            (this.options.paint[field] || []).forEach((painter) => painter(item.parts, item));
         }
     }
 
     drop(item) {
-        $(item.element).remove();
+        item.element.remove(); // nothing of jQuery hangs on it
         item.element = item.parts = null;
         this.present.delete(item);
     }
@@ -131,6 +132,7 @@ class ItemView {
             this.drop(item);
         }
         this.pressed = this.pressed === item ? null : this.pressed;
+        this.revealing = this.revealing === item ? null : this.revealing;
         this.stop = this.stop === item ? null : this.stop;
     }
 
@@ -167,6 +169,9 @@ class ItemView {
         clearTimeout(this.timer);
         this.timer = null;
         this.measure();
+        if (this.revealing) {
+            this.scrollTo(this.revealing);
+        }
         const range = this.isLong ? this.nearRange() : null;
         const wanted = range ? this.withKept(this.list.shown().slice(range.first, range.last)) : this.list.everyItem();
         this.showOnly(wanted);
@@ -268,11 +273,21 @@ class ItemView {
         this.update();
     }
 
+    revealSoon(item) {
+        this.revealing = item;
+        this.updateSoon();
+    }
+
     reveal(item) {
         if (!this.cell) {
             this.update();
-            this.measure();
         }
+        this.revealing = item;
+        this.update();
+    }
+
+    scrollTo(item) {
+        this.revealing = null;
         const row = Math.floor(this.list.shown().indexOf(item) / (this.cell ? this.cell.columns : 1));
         const height = this.cell ? this.cell.height : 0;
         const top = this.offset + row * height;
@@ -282,7 +297,6 @@ class ItemView {
         } else if (top + height > this.scroller.scrollTop + seen) {
             this.scroller.scrollTop = top + height - seen;
         }
-        this.update();
     }
 
     // Keys: one item of the list can be reached by Tab, the arrows lead from it to the others.

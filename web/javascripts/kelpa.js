@@ -58,80 +58,87 @@ function batteryStep(level) {
     return level >= 100 ? 4 : level > 75 ? 3 : level > 50 ? 2 : level > 25 ? 1 : 0;
 }
 
-const healthPainters = {
-    lines: (parts, value, item) =>
-        paintHealth(parts.lines, item, modeOf(value === 1), "Линии", value === 1 ? "нормально" : "ошибка"),
-    battery: (parts, value, item) => {
-        const word = {2: "заряжена", 1: "заряжается или разряжается"}[value] || "отсутствует или неисправна";
-        const mode = {2: "btn-success", 1: "btn-warning"}[value] || "btn-danger";
-        paintHealth(parts.battery, item, mode, "АКБ", item.batteryLevel + "%, " + word);
-    },
-    batteryLevel: (parts, value, item) => {
-        parts.battery_level.className = "fa fa-battery-" + batteryStep(value);
-        healthPainters.battery(parts, item.battery, item);
-    },
-    power: (parts, value, item) =>
-        paintHealth(parts.power, item, modeOf(value === 1), "Сеть 220 В", value === 1 ? "нормально" : "отсутствует"),
-    hull: (parts, value, item) => {
-        parts.hull.firstChild.className = "fa " + (value === 1 ? "fa-lock" : "fa-unlock-alt");
-        paintHealth(parts.hull, item, modeOf(value === 1), "Крышка корпуса", value === 1 ? "закрыта" : "открыта");
-    },
-    read: (parts, value, item) => {
-        paintCard(parts, item);
-        ["lines", "battery", "power", "hull"].forEach((field) => healthPainters[field](parts, item[field], item));
-    },
-};
+function paintLines(parts, item) {
+    const isGood = item.lines === 1;
+    paintHealth(parts.lines, item, modeOf(isGood), "Линии", isGood ? "нормально" : "ошибка");
+}
 
-const cardPainters = {
-    name: (parts, name) => {
-        parts.name.textContent = name;
-        parts.name.title = name;
-    },
-    status: (parts, status, item) => {
-        const state = linkStates[status];
-        paintCard(parts, item);
-        parts.border.className = "kelpa_item kelpa_item_" + state.name;
-        parts.header.className = "kelpa_item_heading_" + state.name;
-        parts.state.textContent = state.word;
-        if (parts.button) {
-            tickPainter.ticked(parts, item.ticked, item);
-        }
-    },
-    category: (parts, category, item) => {
-        paintCard(parts, item);
-        parts.playing.className = "btn tile_icon fa " + (getPlaybackIcon(category) || "");
-        parts.playing.title = (isAlarm(category) ? "Тревога: " : "Воспроизведение: ") + playbackWord(category);
-    },
-    playing: (parts, playing, item) => paintCard(parts, item),
-    zones: (parts, zones, item) => paintCard(parts, item),
-    task: (parts, title) => {
-        parts.task.title = "Расписание: " + title;
-        parts.task.classList.toggle("hidden", title === "");
-    },
-};
+function paintBattery(parts, item) {
+    const word = {2: "заряжена", 1: "заряжается или разряжается"}[item.battery] || "отсутствует или неисправна";
+    const mode = {2: "btn-success", 1: "btn-warning"}[item.battery] || "btn-danger";
+    paintHealth(parts.battery, item, mode, "АКБ", item.batteryLevel + "%, " + word);
+    parts.battery_level.className = "fa fa-battery-" + batteryStep(item.batteryLevel);
+}
 
-const tickPainter = {
-    ticked: (parts, isTicked, item) => {
-        parts.button.className =
-            "btn tile_icon tile_select fa " + (isTicked ? "fa-check-square-o" : "fa-square-o") + (item.status === 2 ? "" : " disabled");
-    },
-};
+function paintPower(parts, item) {
+    const isGood = item.power === 1;
+    paintHealth(parts.power, item, modeOf(isGood), "Сеть 220 В", isGood ? "нормально" : "отсутствует");
+}
 
-const volumePainter = {
-    volume: (parts, volume) => {
-        parts.volume.style.width = volume + "%";
-        parts.volume.setAttribute("data-value", volume);
-        parts.volume.parentNode.title = "Громкость: " + volume;
-    },
-};
+function paintHull(parts, item) {
+    const isGood = item.hull === 1;
+    paintHealth(parts.hull, item, modeOf(isGood), "Крышка корпуса", isGood ? "закрыта" : "открыта");
+    parts.hull.firstChild.className = "fa " + (isGood ? "fa-lock" : "fa-unlock-alt");
+}
+
+function paintName(parts, item) {
+    parts.name.textContent = item.name;
+    parts.name.title = item.name;
+}
+
+function paintLink(parts, item) {
+    const state = linkStates[item.status];
+    parts.border.className = "kelpa_item kelpa_item_" + state.name;
+    parts.header.className = "kelpa_item_heading_" + state.name;
+    parts.state.textContent = state.word;
+}
+
+function paintPlaying(parts, item) {
+    parts.playing.className = "btn tile_icon fa " + (getPlaybackIcon(item.category) || "");
+    parts.playing.title = (isAlarm(item.category) ? "Тревога: " : "Воспроизведение: ") + playbackWord(item.category);
+}
+
+function paintTask(parts, item) {
+    parts.task.title = "Расписание: " + item.task;
+    parts.task.classList.toggle("hidden", item.task === "");
+}
+
+function paintTick(parts, item) {
+    const box = item.ticked ? "fa-check-square-o" : "fa-square-o";
+    parts.button.className = "btn tile_icon tile_select fa " + box + (item.status === 2 ? "" : " disabled");
+}
+
+function paintVolume(parts, item) {
+    parts.volume.style.width = item.volume + "%";
+    parts.volume.setAttribute("data-value", item.volume);
+    parts.volume.parentNode.title = "Громкость: " + item.volume;
+}
 
 // How the fields show in a card with these parts.
 function paintersOf(names, hasVolumeBelow) {
+    const has = (name) => names.indexOf(name) >= 0;
+    const tick = has("button") ? [paintTick] : [];
+    const health = has("lines")
+        ? {
+              lines: [paintLines],
+              battery: [paintBattery],
+              batteryLevel: [paintBattery],
+              power: [paintPower],
+              hull: [paintHull],
+              read: [paintCard, paintLines, paintBattery, paintPower, paintHull],
+          }
+        : {};
     return Object.assign(
-        {},
-        cardPainters,
-        names.indexOf("button") >= 0 && tickPainter,
-        (hasVolumeBelow || names.indexOf("volume") >= 0) && volumePainter,
-        names.indexOf("lines") >= 0 && healthPainters
+        {
+            name: [paintName],
+            status: [paintCard, paintLink].concat(tick),
+            category: [paintCard, paintPlaying],
+            playing: [paintCard],
+            zones: [paintCard],
+            task: [paintTask],
+            ticked: tick,
+            volume: hasVolumeBelow || has("volume") ? [paintVolume] : [],
+        },
+        health
     );
 }

@@ -10,14 +10,14 @@ class UnitCards {
         this.zone = callPage("menu_chosenZone") || 0;
         this.readCount = 0;
         this.made = null;
+        this.told = ""; // what the page shows of the counts
         $("#main").on("leave", () => (cards = cards === this ? null : cards));
     }
 
     // The list; null as long as the page has no place for it.
     get list() {
-        const place = $("#main #main_kelpa_list");
-        if (this.made === null && place.length) {
-            this.made = this.makeList(place);
+        if (this.made === null && $("#main #main_kelpa_list").length) {
+            this.made = this.makeList($("#main #main_kelpa_list"));
             this.made.setFilter((item) => this.passes(item));
         }
         return this.made;
@@ -101,8 +101,13 @@ class UnitCards {
     }
 
     changed() {
-        showEmptyCards();
-        showSelection();
+        const counts = this.list.counts;
+        const told = [counts.shown === 0, counts.ticked, counts.tickedHidden, this.zone].join();
+        if (told !== this.told) {
+            this.told = told;
+            showEmptyCards();
+            showSelection();
+        }
     }
 }
 
@@ -231,9 +236,9 @@ function showSelection() {
 
 // How many units have been read, until all are.
 function showReading() {
-    const hint = $("#bot_menu #devices_read");
-    if (hint.length && cards && cards.list) {
+    const hint = document.getElementById("devices_read");
+    if (hint && cards && cards.list) {
         const all = cards.list.counts.all;
-        setText(hint, cards.readCount < all ? "Загрузка состояния: " + cards.readCount + " из " + all : "");
+        hint.textContent = cards.readCount < all ? "Загрузка состояния: " + cards.readCount + " из " + all : "";
     }
 }

@@ -3,7 +3,7 @@
 (function () {
     const states = ["offline", "incoming", "online"];
 
-    function paintState(parts, value, item) {
+    function paintState(parts, item) {
         const state = states[item.status];
         parts.root.className = "device_menu " + state + (item.active ? " " + state + "_active" : "");
         parts.root.title = item.name + ": " + linkStates[item.status].word;
@@ -19,17 +19,11 @@
             "<span class='tile_volume'><div data-part='volume'></div></span></span></div>",
         prefix: "device_",
         paint: {
-            name: (parts, name, item) => {
-                parts.name.textContent = name;
-                paintState(parts, name, item);
-            },
-            status: paintState,
-            active: paintState,
-            volume: (parts, volume) => (parts.volume.style.width = volume + "%"),
-            category: (parts, category) => {
-                parts.playing.className = "btn tile_icon fa " + (getPlaybackIcon(category) || "");
-                parts.playing.title = playbackWord(category);
-            },
+            name: [paintState, (parts, item) => (parts.name.textContent = item.name)],
+            status: [paintState],
+            active: [paintState],
+            volume: [(parts, item) => (parts.volume.style.width = item.volume + "%")],
+            category: [paintPlaying],
         },
         actions: {open: (id) => wrapperLoadCurrentDeviceInfo(id)},
         changed: () => $("#side_menu .empty_list").toggleClass("hidden", units.counts.all > 0),

@@ -12,8 +12,10 @@
 
     function activate(id) {
         menu_activatePlayback(id);
-        $("#zone_select").val(0);
-        refreshZoneSelect();
+        if (chosenZone() !== 0) {
+            $("#zone_select").val(0);
+            refreshZoneSelect();
+        }
         showUnits(0);
         updateTransport();
     }

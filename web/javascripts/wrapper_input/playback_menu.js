@@ -1,14 +1,12 @@
 // The running playbacks: their cards at the side of the page that steers them.
 
 (function () {
-    function paintTitle(part) {
-        return (parts, text) => {
-            parts[part].textContent = text;
-            parts[part].title = text;
-        };
+    function paintTitle(parts, item) {
+        parts.title.textContent = item.title;
+        parts.title.title = item.title;
     }
 
-    function paintProgress(parts, value, item) {
+    function paintProgress(parts, item) {
         const isLive = item.duration < 0;
         const seconds = Math.max(0, Math.min(item.timeshift, item.duration));
         parts.timeshift.className = "progress-bar " + (isLive ? "progress-bar-info progress-bar-striped active" : "progress-bar-success");
@@ -17,7 +15,7 @@
         parts.position.textContent = isLive ? "Прямой эфир" : text;
     }
 
-    function paintKind(parts, value, item) {
+    function paintKind(parts, item) {
         const icon = item.paused ? "fa-pause" : (getPlaybackIcon(item.kind) || "").replace("btn-default", "");
         parts.icon.className = "fa playback_icon " + icon;
         parts.icon.title = item.paused ? "Пауза" : "Воспроизведение";
@@ -36,13 +34,13 @@
             "<div class='playback_position digits quiet' data-part='position'></div></div>",
         prefix: "playback_",
         paint: {
-            title: paintTitle("title"),
-            name: paintTitle("name"),
-            kind: paintKind,
-            paused: paintKind,
-            duration: paintProgress,
-            timeshift: paintProgress,
-            active: (parts, isActive) => parts.root.classList.toggle("playback_active", isActive),
+            title: [paintTitle],
+            name: [paintName],
+            kind: [paintKind],
+            paused: [paintKind],
+            duration: [paintProgress],
+            timeshift: [paintProgress],
+            active: [(parts, item) => parts.root.classList.toggle("playback_active", item.active)],
         },
         actions: {open: (id) => callPage("selectPlayback", id)},
         changed: () => $("#side_menu .empty_list").toggleClass("hidden", playbacks.counts.all > 0),
