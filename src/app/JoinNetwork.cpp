@@ -19,6 +19,7 @@ void joinNetwork()
     Data::parser.setPushHandler(routePush);
     Data::parser.setForbiddenHook([] { send(UserCommand::GetInfo); });
     Data::tcpClient.addParser(&Data::parser);
+    Data::tcpClient.setCloseHook([] { Data::localPort = 0; });
 }
 
 } // namespace Wiring

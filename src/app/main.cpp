@@ -85,6 +85,7 @@ int main(int argc, char* argv[])
     Data::zoneTypeList = {ZoneType(0, QStringLiteral("physical"), 0),
                           ZoneType(1, QStringLiteral("logical"), 1)};
     Wiring::joinNetwork();
+    Data::tcpClient.setFingerprintFile(Configuration::fingerprintFile());
     AudioManager audioManager;
     Data::audioManager = &audioManager;
     Wiring::joinAudio();
