@@ -29,7 +29,7 @@ class ItemView {
     }
 
     addSpacer() {
-        return $("<div class='item_spacer'>").appendTo(this.place)[0];
+        return $("<div class='item_spacer' style='height: 0px'>").appendTo(this.place)[0];
     }
 
     listen() {
@@ -208,8 +208,8 @@ class ItemView {
         const shown = this.list.shown();
         const height = range && this.cell ? this.cell.height : 0;
         const columns = range && this.cell ? this.cell.columns : 1;
-        this.above.style.height = range ? (range.first / columns) * height + "px" : "0";
-        this.below.style.height = range ? Math.ceil((shown.length - range.last) / columns) * height + "px" : "0";
+        this.above.style.height = range ? (range.first / columns) * height + "px" : "0px";
+        this.below.style.height = range ? Math.ceil((shown.length - range.last) / columns) * height + "px" : "0px";
         const near = new Set(range ? shown.slice(range.first, range.last) : shown);
         this.present.forEach((item) => this.placeFar(item, item.passes && !near.has(item)));
     }

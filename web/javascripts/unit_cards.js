@@ -32,7 +32,7 @@ class UnitCards {
             template: cardTemplate(icons, hasVolumeBelow),
             prefix: "device_",
             paint: paintersOf(icons, hasVolumeBelow),
-            actions: {open: open, tick: icons.indexOf("button") < 0 ? undefined : device_select},
+            actions: {open: open, tick: icons.indexOf("button") < 0 ? undefined : (id) => device_select(id)},
             tickable: (item) => item.status === 2,
             changed: () => this.changed(),
         });
@@ -78,7 +78,7 @@ class UnitCards {
         if (item && item.zones.indexOf(zone) >= 0 !== isIncluded) {
             const others = item.zones.filter((other) => other !== zone);
             this.set(id, "zones", isIncluded ? others.concat(zone) : others);
-            callPage("menu_countUnits");
+            this.count(id);
         }
     }
 
@@ -86,8 +86,16 @@ class UnitCards {
         const item = this.list.get(id);
         this.readCount -= item && item.read ? 1 : 0;
         this.list.remove(id);
-        callPage("menu_countUnits");
+        this.count(id);
         showReading();
+    }
+
+    // The zones count the unit anew; what an empty list says may depend on it.
+    count(id) {
+        callPage("menu_countUnit", id);
+        if (this.list.counts.shown === 0) {
+            showEmptyCards();
+        }
     }
 
     // What stands where no card does.
@@ -116,6 +124,7 @@ class UnitCards {
 function unitCards(own, look) {
     cards = new UnitCards(Object.assign({icons: ["playing", "task", "button"], open: (id) => device_select(id)}, look));
     const mine = cards;
+    callPage("menu_countAll");
     return Object.assign(
         {
             wrapperInput_device_add: function (id, name, status, volume, category, zonePermission, playbackClass) {
@@ -134,7 +143,7 @@ function unitCards(own, look) {
                     power: 0,
                     hull: 0,
                 });
-                callPage("menu_countUnits");
+                mine.count(id);
                 showReading();
             },
             wrapperInput_device_delete: (id) => mine.remove(id),

@@ -8,37 +8,60 @@
         return $("#side_menu #" + name + "_" + id);
     }
 
-    const countPause = 50; // milliseconds that changes may gather before the units are counted again
-    let counts = {}; // units by zone, those of the zones below it included
-    let countTimer = null;
+    // How many units each zone has, those of the zones below it included.
+    const zones = new Map(); // per zone: {parent, count, label}
+    const counted = new Map(); // per unit, the zones that it counts in
 
-    // A unit counts once in each zone that it is in or below.
-    function countUnits() {
-        clearTimeout(countTimer);
-        countTimer = null;
-        counts = {};
-        const parents = {};
-        cards.list.items.forEach((unit) => {
-            const above = new Set();
-            unit.zones.forEach((zone) => {
-                for (let id = zone; id > 0 && !above.has(id); id = parents[id]) {
-                    above.add(id);
-                    parents[id] = parents[id] === undefined ? parentOf(id) : parents[id];
-                }
-            });
-            above.forEach((id) => (counts[id] = (counts[id] || 0) + 1));
+    function zonesAbove(unit) {
+        const above = new Set([0]);
+        unit.zones.forEach((zone) => {
+            for (let id = zone; zones.has(id) && !above.has(id); id = zones.get(id).parent) {
+                above.add(id);
+            }
         });
-        counts[0] = cards.list.items.size;
-        $("#zone_menu .zone").each((index, row) => {
-            setText($(row).children(".zone_count"), String(counts[row.id.substr("zone_".length)] || 0));
-        });
-        showEmptyCards();
+        return above;
     }
 
-    function countSoon() {
-        if (countTimer === null && cards && cards.list) {
-            countTimer = setTimeout(() => cards && cards.list && countUnits(), countPause);
+    function addToCount(id, step) {
+        const zone = zones.get(id);
+        if (zone) {
+            zone.count += step;
+            zone.label.textContent = zone.count;
         }
+    }
+
+    function countUnit(id) {
+        const unit = cards && cards.list ? cards.list.get(id) : undefined;
+        const before = counted.get(id) || new Set();
+        const now = unit ? zonesAbove(unit) : new Set();
+        before.forEach((zone) => now.has(zone) || addToCount(zone, -1));
+        now.forEach((zone) => before.has(zone) || addToCount(zone, 1));
+        counted.delete(id);
+        if (unit) {
+            counted.set(id, now);
+        }
+    }
+
+    // Begins anew: another page's units, or another tree of zones.
+    function countAll() {
+        counted.clear();
+        zones.forEach((zone) => (zone.label.textContent = zone.count = 0));
+        if (cards && cards.list) {
+            cards.list.items.forEach((unit) => countUnit(unit.id));
+        }
+    }
+
+    function forgetZone(id) {
+        zones.forEach((zone) => (zone.parent = zone.parent === id ? 0 : zone.parent));
+        zones.delete(id);
+        countAll();
+    }
+
+    // The label of a zone's count.
+    function zoneCount(id) {
+        const label = $("<span class='zone_count digits'>").attr("title", "Устройств, со вложенными зонами").text("0");
+        zones.set(id, {parent: 0, count: 0, label: label[0]});
+        return label;
     }
 
     // A zone without zones below has nothing to expand.
@@ -53,10 +76,6 @@
         return Number((own("zone", id).parent().attr("id") || "").substr("sub_zone_".length));
     }
 
-    function zoneCount() {
-        return $("<span class='zone_count digits'>").attr("title", "Устройств, со вложенными зонами");
-    }
-
     function zoneRow(id, name) {
         return $("<div class='zone'>")
             .attr({id: "zone_" + id, title: name})
@@ -65,7 +84,7 @@
                     .attr("id", "zone_expand_" + id)
                     .on("click", (event) => menu_ZoneExpand(id, event)),
                 $("<span class='zone_name ellipsis'>").attr("id", "zone_name_" + id).text(name),
-                zoneCount()
+                zoneCount(id)
             )
             .on("click", () => menu_ZoneSelect(id))
             .add($("<div class='sub_zone'>").attr("id", "sub_zone_" + id));
@@ -89,24 +108,21 @@
             place.append(own("zone", id), own("sub_zone", id));
             showExpander(formerParent);
             showExpander(parentId);
-            countSoon();
+            zones.get(id).parent = Number(place.attr("id").substr("sub_zone_".length));
+            countAll();
         }
     }
 
     page({
-        menu_countUnits: countSoon,
-        menu_unitsOfZone: function (id) {
-            if (countTimer !== null) {
-                countUnits();
-            }
-            return counts[id] || 0;
-        },
+        menu_countUnit: countUnit,
+        menu_countAll: countAll,
+        menu_unitsOfZone: (id) => (zones.has(id) ? zones.get(id).count : 0),
         menu_chosenZone: () => Number(($("#zone_menu").find(activeZones).attr("id") || "zone_0").substr("zone_".length)),
         menu_ZoneAdd: function (id, name) {
             $("#zone_menu").append(
                 $("<div class='zone zone_active'>")
                     .attr("id", "zone_" + id)
-                    .append($("<i class='fa fa-volume-up'>"), $("<span class='zone_name ellipsis'>").text(name), zoneCount())
+                    .append($("<i class='fa fa-volume-up'>"), $("<span class='zone_name ellipsis'>").text(name), zoneCount(id))
                     .on("click", () => menu_ZoneSelectAll()),
                 $("<div>").attr("id", "sub_zone_" + id)
             );
@@ -131,7 +147,7 @@
             own("sub_zone", id).children().appendTo(own("sub_zone", 0));
             own("zone", id).add(own("sub_zone", id)).remove();
             showExpander(parentId);
-            countSoon();
+            forgetZone(id);
             if (wasActive) {
                 menu_ZoneSelectAll();
             }
@@ -159,8 +175,7 @@
         },
     });
 
-    $("#side_menu").on("leave", () => clearTimeout(countTimer));
     menu_ZoneAdd(0, "Все зоны");
-    countSoon();
+    countAll();
     wrapperLoadZoneList();
 })();
