@@ -41,9 +41,7 @@ void logStart()
 
 void readConfiguration()
 {
-    if (!QFile::exists(Data::settings->fileName())) {
-        Configuration::writeFirstStartValues(*Data::settings);
-    }
+    Configuration::completeSettings(*Data::settings);
     Data::blockStatus = Data::settings->value(QStringLiteral("admin/block_enable"), false).toBool();
     Configuration::readLogSwitches(*Data::settings, *Data::logSettings);
 }
