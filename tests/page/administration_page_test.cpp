@@ -559,9 +559,19 @@ void AdministrationPageTest::soundSettingsAreReadTestedAndStored()
     console->value("$('#settings_media_start').click()");
     QVERIFY(console->waitFor("$('#modalMicrophoneNotSelected').hasClass('in')"));
     console->value("$('#modalMicrophoneNotSelected .accept').click()");
+    // What is stored stays where nothing is chosen, also while the device isn't there.
+    const QString shownInput = "$('#select2-settings_media_input-container').text()";
+    QCOMPARE(console->text(shownInput), QStringLiteral("gone (не подключен)"));
+    console->value("$('#save').click()");
+    QCOMPARE(Data::settings->value("audio/input").toString(), QStringLiteral("gone"));
+    console->value("settingsUnblock()");
+    Page::call("wrapperInput_settings_addMediaInput", QStringLiteral("headset"));
+    Page::call("wrapperInput_settings_mediaInputSelect", QString());
+    QCOMPARE(console->text(shownInput), QStringLiteral("По умолчанию"));
+    QCOMPARE(console->text("settings_mediaInput()"), QString());
     Page::call("wrapperInput_settings_addMediaInput", hostileText);
     Page::call("wrapperInput_settings_mediaInputSelect", hostileText);
-    QCOMPARE(console->text("$('#select2-settings_media_input-container').text()"), hostileText);
+    QCOMPARE(console->text(shownInput), hostileText);
     QVERIFY(
         console->value("$('img').length === 0 && typeof window.pwned === 'undefined'").toBool());
     console->picture("settings-sound");

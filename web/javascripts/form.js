@@ -53,8 +53,8 @@ function setSwitch(on, off, value) {
     });
 }
 
-// A select box with its list in the dialog that it stands in, if there is one. With a placeholder
-// nothing is chosen at first.
+// A select box with its list in the dialog that it stands in, if there is one. The placeholder is
+// what it shows while nothing is chosen.
 function buildSelect(selector, placeholder) {
     var select = $(selector);
     var dialog = select.closest(".modal");

@@ -4,6 +4,18 @@ String.prototype.insertAt = function (index, string) {
     return this.substr(0, index) + string + this.substr(index);
 };
 
+// Calls what a fragment in another region answers to, if one does.
+function callPage(name) {
+    return typeof window[name] === "function" ? window[name].apply(window, [].slice.call(arguments, 1)) : undefined;
+}
+
+// The text of an element, touched only where it changes.
+function setText(element, text) {
+    if (element.text() !== text) {
+        element.text(text);
+    }
+}
+
 // A long text without a blank gets one in its middle, so that it can wrap.
 String.prototype.splitByLength = function () {
     if (this.length > 30 && this.indexOf(" ") === -1) {
