@@ -241,6 +241,19 @@ void Device::showVersion() const
                versionMainText);
 }
 
+void Device::showVolume() const
+{
+    Page::call("wrapperInput_device_setVolume", id, volume);
+}
+
+void Device::showEqualizer() const
+{
+    Page::call("wrapperInput_device_setEqualizerEnabled", id, equalizerEnabled);
+    for (int band = 0; band < bandCount; ++band) {
+        Page::call("wrapperInput_device_setEqualizer", id, band, getEqualizer(band));
+    }
+}
+
 void Device::setDHCP(bool on)
 {
     Page::call("wrapperInput_device_setDHCP", id, on, static_cast<int>(status));

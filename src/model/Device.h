@@ -31,6 +31,10 @@ enum Number : int {
 };
 } // namespace PlaybackCategory
 
+/// What has still to be asked of a unit that hasn't come by the list of units, once that list says
+/// whether it is online.
+enum class UnreadPart { None, Memory, Everything };
+
 /// The mirror of one loudspeaker unit. All values come from the server. A setter stores the value
 /// and tells the page: most of them only of a change, some on every call, and a few store alone.
 class Device
@@ -43,6 +47,9 @@ public:
     void setId(int deviceId) { id = deviceId; }
     const QString& getName() const { return name; }
     void setName(const QString& deviceName);
+
+    UnreadPart getUnread() const { return unread; }
+    void setUnread(UnreadPart part) { unread = part; }
 
     // Link and health.
     DeviceStatus getStatus() const { return status; }
@@ -138,6 +145,9 @@ public:
     const QString& getVersionLnCtrl() const { return versionLnCtrl; }
     void setVersionLnCtrl(const QString& version);
     void showVersion() const;
+    /// Tell the page again, which has a slider where the operator has left it.
+    void showVolume() const;
+    void showEqualizer() const;
 
     // Network. The page shows the addresses in force under DHCP, the static ones without.
     bool getDHCP() const { return dhcp; }
@@ -224,6 +234,7 @@ private:
     QString versionMainText;
     QString versionPss;
     QString versionLnCtrl;
+    UnreadPart unread = UnreadPart::None;
     DeviceStatus status = DeviceOffline;
     bool read = false;
     QString multicastIp = QStringLiteral("224.0.224.1");

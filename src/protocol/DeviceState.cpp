@@ -177,6 +177,15 @@ void mergeLines(FieldSetter<Device>& message)
     device.updateLinesStatus();
 }
 
+int unreadCount()
+{
+    int count = 0;
+    for (const Device& device : Data::deviceList) {
+        count += device.getUnread() == UnreadPart::None ? 0 : 1;
+    }
+    return count;
+}
+
 void requestMemory(int deviceId)
 {
     for (const DeviceCommand command :

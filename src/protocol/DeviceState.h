@@ -56,6 +56,9 @@ bool isFromMemory(int playbackCategory);
 /// changed or added in its order. Without an array of lines nothing changes.
 void mergeLines(FieldSetter<Device>& message);
 
+/// How many units wait for the list of units to tell of them.
+int unreadCount();
+
 /// Asks for stamp, free space and contents of the unit's own memory.
 void requestMemory(int deviceId);
 

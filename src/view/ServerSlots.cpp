@@ -5,6 +5,7 @@
 #include "model/ServerList.h"
 #include "page/ScriptCall.h"
 #include "view/ServerAddress.h"
+#include "view/SlotLog.h"
 
 #include <QNetworkDatagram>
 #include <QNetworkInterface>
@@ -21,7 +22,7 @@ constexpr quint16 announcementPort = 11991;
 
 void WebView::login_serverList()
 {
-    Log::message("login_serverList");
+    const SlotLog log("login_serverList");
     const ServerList& list = *Data::serverList;
     for (int index = 0; index < list.size(); ++index) {
         const Server& server = list.at(index);
@@ -33,7 +34,7 @@ void WebView::login_serverList()
 
 void WebView::login_addServer(const QString& ip, int port)
 {
-    Log::message(QStringLiteral("login_addServer - ") + addressText(ip, port));
+    const SlotLog log("login_addServer", QStringLiteral(" - ") + addressText(ip, port));
     const Server server{ip, port, Data::serverList->size() == 0};
     const QString typed = documentElement.findFirst(QStringLiteral("input[id=\"server\"]"))
                               .evaluateJavaScript(QStringLiteral("this.value"))
@@ -48,7 +49,7 @@ void WebView::login_addServer(const QString& ip, int port)
 
 void WebView::login_deleteServer(const QString& address)
 {
-    Log::message(QStringLiteral("login_deleteServer - ") + address);
+    const SlotLog log("login_deleteServer", QStringLiteral(" - ") + address);
     const auto [ip, port] = splitAddress(address);
     Data::serverList->deleteServer(ip, port);
 }

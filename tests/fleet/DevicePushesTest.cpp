@@ -119,9 +119,10 @@ void DevicePushesTest::stateOfAnUnknownUnit()
     QVERIFY(device);
     QCOMPARE(device->getZoneList(), QVector<int>{1});
     QCOMPARE(root.getDeviceList(), QVector<int>{5});
-    QCOMPARE(Fleet::takeActions(),
-             (QStringList{"getEqualizer", "getTitle", "getMemoryStamp", "getAvailableMemory",
-                          "listMessages", "listScenarios", "getEqualizer", "getConfig"}));
+    QCOMPARE(
+        Fleet::takeActions(),
+        (QStringList{"getEqualizer", "getTitle", "getMemoryStamp", "getAvailableMemory",
+                     "listMessages", "listScenarios", "getEqualizer", "getConfig", "getState"}));
 }
 
 void DevicePushesTest::unknownUnitWithoutRootZone()
@@ -129,7 +130,8 @@ void DevicePushesTest::unknownUnitWithoutRootZone()
     const SessionFixture session;
     Fleet::push(state(5, "link", "incoming"));
     QCOMPARE(Data::getDeviceById(5)->getZoneList(), QVector<int>());
-    QCOMPARE(Fleet::takeActions(), (QStringList{"getEqualizer", "getTitle", "getConfig"}));
+    QCOMPARE(Fleet::takeActions(),
+             (QStringList{"getEqualizer", "getTitle", "getConfig", "getState"}));
 }
 
 void DevicePushesTest::memoryIsReadOnce_data()

@@ -198,18 +198,27 @@ void PlaybackSlotsTest::requests_data()
     row("playback_prev(9)", "");
     row("playback_setVolume(4, '40', 'playback')",
         R"(playback/setVolume {"id":4,"target":"playback","volume":40})");
+    row("playback_setVolume(4, 40)",
+        R"(playback/setVolume {"id":4,"target":"playback","volume":40})");
     row("playback_setVolume(-1, 40, 'playback')", "");
+    row("playback_startRedirection('5,6', 'alarm')",
+        R"(playback/startRedirection {"devices":[5,6],"strategy":"none","type":"alarm","volume":50,"zones":[]})");
+    row("playback_startRedirection('x', 'alarm')", "");
 }
 
 void PlaybackSlotsTest::requests()
 {
     SessionFixture session;
+    const QTemporaryDir folder;
+    QSettings settings(folder.filePath("config.ini"), QSettings::IniFormat);
+    Data::settings = &settings;
     WebView view;
     addScene();
     Sound::addPlaylist(70, "Deep", 7, 7);
     Sound::addTrack(41, 70, "Chime");
     session.page.take();
     runSlot(view, QString::fromLatin1(QTest::currentDataTag()));
+    Data::settings = nullptr;
     QTEST(Fleet::takeRequests(), "requests");
     QCOMPARE(session.page.calls(), QStringList()); // nothing is shown ahead of the answer
 }

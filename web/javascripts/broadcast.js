@@ -85,7 +85,10 @@ function buildBroadcastDialog(type, hasVolume) {
     }
 
     const footer = $("<div class='modal-footer'>").append(
-        broadcastButton("translation_button_stop", "btn-danger", "Остановить", () => wrapper_Playback_StopRedirection()),
+        broadcastButton("translation_button_stop", "btn-danger", "Остановить", function () {
+            answers.wait("playback/stopRedirection", this);
+            wrapper_Playback_StopRedirection();
+        }),
         broadcastButton("translation_button_close", "btn-default", "Закрыть", close),
         broadcastButton("translation_button_start", "btn-primary accept", "Старт", start)
     );

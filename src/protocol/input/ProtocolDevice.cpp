@@ -86,6 +86,7 @@ void requestRest(int deviceId, bool online)
         sendFor(deviceId, DeviceCommand::GetEqualizer);
     }
     sendFor(deviceId, DeviceCommand::GetConfig);
+    sendFor(deviceId, DeviceCommand::GetState); // its addresses, which the push doesn't tell
 }
 
 void addDevice(int id, const QJsonObject& message)
@@ -140,8 +141,10 @@ void inputProtocolDeviceCommandReloadChanges(const QJsonObject& message)
     }
     const Device* const device = Data::getDeviceById(*id);
     if (device && device->getStatus() != DeviceOffline) {
-        Page::call("deviceInfo_cleanMessageList");
-        Page::call("deviceInfo_cleanScenarioList");
+        if (Data::shownDeviceId == 0 || Data::shownDeviceId == *id) {
+            Page::call("deviceInfo_cleanMessageList");
+            Page::call("deviceInfo_cleanScenarioList");
+        }
         DeviceState::requestMemory(*id);
     }
 }
