@@ -1,6 +1,7 @@
 #include "app/Data.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
+#include "model/Zone.h"
 #include "network/NetworkParser.h"
 #include "network/TcpClient.h"
 #include "page/Console.h"
@@ -76,6 +77,7 @@ void HomePageTest::cleanup()
 {
     Data::tcpClient.close();
     Data::deviceList.clear();
+    Data::zoneList.clear();
 }
 
 void HomePageTest::makeFleet(int units) const
@@ -234,24 +236,33 @@ void HomePageTest::comingBackShowsTheSameAsStaying()
         receive(statePush(order, 1 + order % 30));
     }
     receive(statePush(31, 99)); // a unit that nobody has told of
-    QCOMPARE(console->value("$('.tile').length").toInt(), 31);
+    // One whose state hasn't come yet.
+    auto root = std::make_unique<Zone>();
+    root->setId(Zone::serverRoot);
+    Data::zoneList.append(std::move(root));
+    receive({{"request", "zone"},
+             {"action", "includeDevice"},
+             {"order", 32},
+             {"zoneId", 1},
+             {"deviceId", 98}});
+    QCOMPARE(console->value("$('.tile').length").toInt(), 32);
     const QString wall = looksOf("#main_kelpa_list");
     const QString stayed = console->text(wall);
     console->value("$('#main_kelpa_list').addClass('old'); loadHomePage()");
-    QVERIFY(console->waitFor("$('.old').length === 0 && $('.tile').length === 31"));
+    QVERIFY(console->waitFor("$('.old').length === 0 && $('.tile').length === 32"));
     QCOMPARE(console->text(wall).split('\n'), stayed.split('\n'));
 
     const QString list =
         looksOf("#deviceList, #device_panel") + QStringLiteral(" + $('#device_volume').val()");
     console->value("wrapperLoadDeviceInfo(7)");
-    QVERIFY(console->waitFor("$('.device_menu').length === 31 && $('#device_id').val() === '7'"));
+    QVERIFY(console->waitFor("$('.device_menu').length === 32 && $('#device_id').val() === '7'"));
     receive(statePush(32, 7));
     receive(statePush(33, 8));
     // The icons at the side stay as the list was built.
     console->value("$('#deviceList .tile_icon').remove()");
     const QString stayedOnDevice = console->text(list);
     console->value("$('#deviceList').addClass('old'); wrapperLoadDeviceInfo(7)");
-    QVERIFY(console->waitFor("$('.old').length === 0 && $('.device_menu').length === 31 && "
+    QVERIFY(console->waitFor("$('.old').length === 0 && $('.device_menu').length === 32 && "
                              "$('#device_id').val() === '7'"));
     console->value("$('#deviceList .tile_icon').remove()");
     QCOMPARE(console->text(list).split('\n'), stayedOnDevice.split('\n'));

@@ -189,7 +189,7 @@ void ItemListTest::keysLeadThroughTheWholeList()
 
 void ItemListTest::whatIsWorkedOnKeepsItsElement()
 {
-    makeList(5000);
+    makeList(5000, "300px");
     run("list.activate(2); $('#unit_4').focus(); $('#unit_5').trigger('mousedown')");
     shownAt(100000);
     QVERIFY(is("['#unit_2', '#unit_4', '#unit_5'].every((id) => $(id).length === 1) && "
@@ -203,7 +203,8 @@ void ItemListTest::whatIsWorkedOnKeepsItsElement()
     // A list in a window of another size goes on where it was.
     shownAt(40000);
     const QString first = shownAt(40000).section('@', 0, 0);
-    console().view().getView()->resize(900, 700);
+    console().view().getView()->resize(1920, 1080);
+    QVERIFY(console().waitFor("list.view.cell.columns === 5"));
     QVERIFY(shownAt(console().value("$('#main').scrollTop()").toInt()).contains(first + "@"));
     console().view().getView()->resize(1280, 800);
 }
