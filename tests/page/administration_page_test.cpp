@@ -54,15 +54,16 @@ void AdministrationPageTest::initTestCase()
 
 void AdministrationPageTest::init()
 {
-    addRole(0, QStringLiteral("operators"));
-    addRole(1, QStringLiteral("guards"));
-    addUser(0, QStringLiteral("admin"), QStringLiteral("Администратор"),
-            QStringLiteral("operators"));
-    addUser(1, QStringLiteral("guard"), QStringLiteral("Охрана, пост 1"), QStringLiteral("guards"));
-    addUser(2, QStringLiteral("night"), QStringLiteral("Охрана, ночь"), QString());
-    Data::userList.at(0)->setCurrent(true);
-    QVERIFY(console->showSession());
-    console->value("modalLoadingHide()");
+    QVERIFY(console->showSession([this] {
+        addRole(0, QStringLiteral("operators"));
+        addRole(1, QStringLiteral("guards"));
+        addUser(0, QStringLiteral("admin"), QStringLiteral("Администратор"),
+                QStringLiteral("operators"));
+        addUser(1, QStringLiteral("guard"), QStringLiteral("Охрана, пост 1"),
+                QStringLiteral("guards"));
+        addUser(2, QStringLiteral("night"), QStringLiteral("Охрана, ночь"), QString());
+        Data::userList.at(0)->setCurrent(true);
+    }));
 }
 
 void AdministrationPageTest::cleanup()
@@ -379,7 +380,6 @@ void AdministrationPageTest::soundSettingsAreReadTestedAndStored()
 
 int main(int argc, char* argv[])
 {
-    Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     AdministrationPageTest test;

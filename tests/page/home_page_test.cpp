@@ -163,8 +163,7 @@ void HomePageTest::emptyZoneSaysSo()
 
 void HomePageTest::largeFleetFillsWithoutBlocking()
 {
-    makeFleet(200);
-    QVERIFY(console->showSession());
+    QVERIFY(console->showSession([this] { makeFleet(200); }));
     // A click comes through while tiles are still missing, and what changes meanwhile is right.
     QVERIFY(console->waitFor("$('.tile').length >= 40"));
     const int shown = console->value("$('.tile').length").toInt();
@@ -191,8 +190,7 @@ void HomePageTest::largeFleetFillsWithoutBlocking()
 
 void HomePageTest::unitGoesWhileItsPageIsOpen()
 {
-    makeFleet(3);
-    QVERIFY(console->showSession());
+    QVERIFY(console->showSession([this] { makeFleet(3); }));
     console->value("wrapperLoadDeviceInfo(2)");
     QVERIFY(console->waitFor("$('#device_name').text() === 'Громкоговоритель 2'"));
     ZoneMembership::forget(2);
@@ -208,8 +206,7 @@ void HomePageTest::unitGoesWhileItsPageIsOpen()
 
 void HomePageTest::comingBackShowsTheSameAsStaying()
 {
-    makeFleet(30);
-    QVERIFY(console->showSession());
+    QVERIFY(console->showSession([this] { makeFleet(30); }));
     QVERIFY(console->waitFor("$('.tile').length === 30"));
     for (int order = 1; order <= 30; ++order) {
         receive(statePush(order, 1 + order % 30));
@@ -237,8 +234,7 @@ void HomePageTest::comingBackShowsTheSameAsStaying()
 
 void HomePageTest::stormOfPushesLeavesThePageAsTheMirror()
 {
-    makeFleet(24);
-    QVERIFY(console->showSession());
+    QVERIFY(console->showSession([this] { makeFleet(24); }));
     QVERIFY(console->waitFor("$('.tile').length === 24"));
     for (int order = 1; order <= 10000; ++order) {
         receive(statePush(order, 1 + order % 24));
@@ -256,7 +252,6 @@ void HomePageTest::stormOfPushesLeavesThePageAsTheMirror()
 
 int main(int argc, char* argv[])
 {
-    Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     HomePageTest test;

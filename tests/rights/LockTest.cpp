@@ -24,7 +24,7 @@ private Q_SLOTS:
     void lockComesAgain();
 
 private:
-    QTimer& timer() { return *rig->view.findChild<QTimer*>(); }
+    QTimer& timer() { return *rig->program.lock().findChild<QTimer*>(); }
     void setTime(int milliseconds) { rig->config.setValue("admin/block_time", milliseconds); }
 
     std::unique_ptr<ViewSession> rig;
@@ -61,8 +61,8 @@ void LockTest::passwordIsSentAsADigest()
              QStringList{QString(R"(user/checkAccess {"password":"%1","target":"%2"})")
                              .arg("e242f36f4f95f12966da8fa2efd59992", target)});
     QCOMPARE(Data::waitForAlarm, waiting);
-    QVERIFY(rig->session.log.contains(name));
-    QCOMPARE(rig->session.page.calls(), QStringList());
+    QVERIFY(rig->log.contains(name));
+    QCOMPARE(rig->page.calls(), QStringList());
 }
 
 void LockTest::settingsAreShown_data()
@@ -86,9 +86,8 @@ void LockTest::settingsAreShown()
     for (const bool status : {true, false}) {
         Data::blockStatus = status;
         rig->view.settings_block_init();
-        QCOMPARE(rig->session.page.take(),
-                 (QStringList{QString("loadBlockTime(%1);").arg(minutes),
-                              QString("loadBlockStatus(%1);").arg(status)}));
+        QCOMPARE(rig->page.take(), (QStringList{QString("loadBlockTime(%1);").arg(minutes),
+                                                QString("loadBlockStatus(%1);").arg(status)}));
     }
 }
 
@@ -115,7 +114,7 @@ void LockTest::settingsAreStored()
     QVERIFY(Data::blockStatus);
     QVERIFY(timer().isActive());
     QCOMPARE(timer().interval(), milliseconds);
-    QCOMPARE(rig->session.page.calls(), calls);
+    QCOMPARE(rig->page.calls(), calls);
     rig->view.settings_block_save(false, 5);
     QVERIFY(!rig->config.value("admin/block_enable", true).toBool());
     QVERIFY(!Data::blockStatus);
@@ -170,7 +169,7 @@ void LockTest::lockComesAgain()
     Data::blockStatus = true;
     setTime(5);
     rig->view.resetBlockTimer();
-    QTRY_VERIFY(rig->session.page.calls().count("block();") >= 2);
+    QTRY_VERIFY(rig->page.calls().count("block();") >= 2);
 }
 
 QTEST_MAIN(LockTest)
