@@ -38,7 +38,10 @@ Console::Console(const std::vector<Server>& servers)
     restart();
 }
 
-Console::~Console() = default;
+Console::~Console()
+{
+    waitForIcons();
+}
 
 QVariant Console::value(const QString& script) const
 {
@@ -57,7 +60,10 @@ bool Console::waitFor(const QString& script, int milliseconds) const
 
 void Console::restart()
 {
-    theProgram.reset();
+    if (theProgram) {
+        waitForIcons();
+        theProgram.reset();
+    }
     theProgram = std::make_unique<Program>(QStringList{"console", "--debug"});
 }
 
@@ -66,9 +72,18 @@ bool Console::showLogin()
     if (page() == "index.html") {
         value("wrapper_Global_logout()");
     }
-    // A page that is left while its icons load leaves the later ones without them.
-    return waitForPage("login.html") &&
-           waitFor("$('#modalError').length > 0 && $('.fa:visible').first().width() > 0");
+    const bool isThere = waitForPage("login.html") && waitFor("$('#modalError').length > 0");
+    waitForIcons();
+    return isThere;
+}
+
+/// A page that is left while its icons load leaves the later ones of this process without them.
+void Console::waitForIcons() const
+{
+    constexpr int longEnough = 2000;
+    waitFor("typeof $ !== 'undefined' && "
+            "(!$('.fa:visible').length || $('.fa:visible').first().width() > 0)",
+            longEnough);
 }
 
 bool Console::logInToScript()
@@ -137,7 +152,7 @@ void Console::logIn(const QString& name, const QString& password) const
     QWebView* const window = view().getView();
     window->setFocus();
     if (value("$('.modal.in').length > 0").toBool()) {
-        QTest::keyClick(window, Qt::Key_Return);
+        value("$('.modal.in').modal('hide')");
         waitFor("$('.modal:visible').length === 0");
     }
     value("$('#password').val(''); $('#name').val('').focus()");

@@ -57,6 +57,7 @@ public:
 
 private:
     bool logInToScript();
+    void waitForIcons() const;
 
     DataFolder data;
     std::unique_ptr<TestServer> server;

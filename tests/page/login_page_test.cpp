@@ -214,7 +214,8 @@ void LoginPageTest::changedRoleIsToldAfterTheNextLoad()
         Data::userRoleChanged = isChanged;
         Data::tcpClient.exit();
         QVERIFY(console->showLogin());
-        QCOMPARE(console->value("$('#modalRoleChanged').hasClass('in')").toBool(), isChanged);
+        QCOMPARE(console->waitFor("$('#modalRoleChanged').hasClass('in')", isChanged ? 10000 : 300),
+                 isChanged);
         QVERIFY(!Data::userRoleChanged);
     }
 }
@@ -253,8 +254,10 @@ void LoginPageTest::messagesOfQtAreLogged()
     };
     qWarning("a warning on purpose");
     QVERIFY(logged("] Qt warning (default): a warning on purpose\n"));
-    std::unique_ptr<QThread> thread(
-        QThread::create([] { QLoggingCategory elsewhere("tls"); qCCritical(elsewhere, "afar"); }));
+    std::unique_ptr<QThread> thread(QThread::create([] {
+        QLoggingCategory elsewhere("tls");
+        qCCritical(elsewhere, "afar");
+    }));
     thread->start();
     QTRY_VERIFY(logged("] Qt critical (tls): afar\n"));
     thread->wait();
