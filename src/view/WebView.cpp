@@ -15,6 +15,7 @@
 #include "view/WindowPlace.h"
 
 #include <QKeyEvent>
+#include <QTimer>
 #include <QWebFrame>
 #include <QWebHistory>
 #include <QWebView>
@@ -120,7 +121,8 @@ void WebView::loginCompleted()
 {
     if (frameLoaded && !cachesCleared && Data::getCurrentUser()) {
         cachesCleared = true;
-        QWebSettings::clearMemoryCaches();
+        // Takes the engine a tenth of a second, for which the next request needn't wait.
+        QTimer::singleShot(0, this, [] { QWebSettings::clearMemoryCaches(); });
     }
 }
 

@@ -1,4 +1,8 @@
 #include "page/PageFixture.h"
+#include "app/Data.h"
+#include "model/ModelList.h"
+#include "model/Playback.h"
+#include "model/Track.h"
 #include "page/ScriptCall.h"
 
 #include <QTimer>
@@ -21,6 +25,7 @@ private Q_SLOTS:
     void pagesThatAskOnAndOnAreServed();
     void replayShowsAPortionAtOnce();
     void replayEndsWithAnotherOrItsSession();
+    void positionsOfOneTickGoTogether();
 
 private:
     ScriptPipe& scripts() const { return console().program().scripts(); }
@@ -159,6 +164,22 @@ void ScriptPipeTest::replayEndsWithAnotherOrItsSession()
     console().view().stopTimers();
     turn();
     QCOMPARE(shown, 2 * ScriptPipe::replayPortion + 1);
+}
+
+void ScriptPipeTest::positionsOfOneTickGoTogether()
+{
+    Data::trackList.append(std::make_unique<Track>(1, 2, "Track", 0, 180));
+    for (int id = 1; id <= 3; ++id) {
+        auto playback = std::make_unique<Playback>();
+        playback->setId(id);
+        playback->setTrackId(1);
+        playback->setPlaying(true);
+        Data::playbackList.append(std::move(playback));
+    }
+    run("window.wrapperInput_playback_setTimeshift = note; batches = []");
+    QVERIFY(console().waitFor("batches.length > 0"));
+    QCOMPARE(text("batches[0]"), QString("3"));
+    Data::clearSession();
 }
 
 VANTORDESK_PAGE_TEST(ScriptPipeTest)

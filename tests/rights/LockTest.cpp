@@ -1,4 +1,5 @@
 #include "fleet/ViewSession.h"
+#include "view/PasswordDigest.h"
 #include "rights/Rights.h"
 
 #include <QTest>
@@ -14,6 +15,7 @@ private Q_SLOTS:
     void cleanup();
     void passwordIsSentAsADigest_data();
     void passwordIsSentAsADigest();
+    void passwordIsOverwritten();
     void settingsAreShown_data();
     void settingsAreShown();
     void settingsAreStored_data();
@@ -63,6 +65,17 @@ void LockTest::passwordIsSentAsADigest()
     QCOMPARE(Data::waitForAlarm, waiting);
     QVERIFY(rig->log.contains(name));
     QCOMPARE(rig->page.calls(), QStringList());
+}
+
+void LockTest::passwordIsOverwritten()
+{
+    QString typed = QStringLiteral("пароль") + QString();
+    typed.detach();
+    QCOMPARE(passwordDigest(typed), QString("e242f36f4f95f12966da8fa2efd59992"));
+    QCOMPARE(typed, QString(6, QChar()));
+    const QString constant = QStringLiteral("пароль");
+    QCOMPARE(passwordDigest(constant), QString("e242f36f4f95f12966da8fa2efd59992"));
+    QCOMPARE(passwordDigest(constant), QString("e242f36f4f95f12966da8fa2efd59992"));
 }
 
 void LockTest::settingsAreShown_data()
