@@ -3,7 +3,7 @@
 
 #include "Measure.h"
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "log/LogSettings.h"
 #include "network/JsonStreamSplitter.h"
 #include "network/NetworkParser.h"
@@ -101,9 +101,10 @@ template <class Handle> void split(const QByteArray& stream, Handle handle)
     JsonStreamSplitter splitter;
     for (int at = 0; at < stream.size(); at += readSize) {
         const int size = qMin(readSize, stream.size() - at);
+        const Log::ReadLog oneRead;
         splitter.feed(QByteArray::fromRawData(stream.constData() + at, size));
         while (splitter.next() == JsonStreamSplitter::Found::Object) {
-            handle(splitter.object());
+            handle(splitter.takeObject());
         }
     }
 }
@@ -111,7 +112,7 @@ template <class Handle> void split(const QByteArray& stream, Handle handle)
 void dispatch(const QByteArray& stream)
 {
     Data::parser.reset();
-    Data::parser.writeJson(0, 0, {{"request", "device"}, {"order", 0}});
+    Data::parser.writeJson({});
     split(stream, [](const QByteArray& text) { Data::parser.parse(text); });
 }
 
@@ -203,6 +204,8 @@ int main(int argc, char* argv[])
     Measure::interleave(ways, repetitions);
     ways.insert(ways.begin() + 2, withoutLog(ways, ways[3]));
     report.table("Many small pushes", ways, objects, "push");
+    report.table("The same against a reader that writes the same", {ways.back(), ways[1]}, objects,
+                 "push");
 
     const QVector<QByteArray> reply = oneReply(megabytes);
     std::vector<Measure::Way> largeWays = streamWays(reply, reply.first());

@@ -47,10 +47,11 @@ std::optional<QNetworkInterface> findInterface(const QString& nameOrAddress)
     return std::nullopt;
 }
 
-Announcer::Announcer(const QNetworkInterface& where, quint16 port)
+Announcer::Announcer(const QNetworkInterface& where, quint16 port, quint16 heardOn)
     : interface(where),
       datagram(QJsonDocument(QJsonObject{{"server", "vantordesk-simulator"}, {"port", port}})
-                   .toJson(QJsonDocument::Compact))
+                   .toJson(QJsonDocument::Compact)),
+      target(heardOn)
 {
     connect(&timer, &QTimer::timeout, this, &Announcer::announce);
 }
@@ -74,7 +75,7 @@ bool Announcer::start()
 
 void Announcer::announce()
 {
-    if (socket.writeDatagram(datagram, group(), announcementPort) < 0) {
+    if (socket.writeDatagram(datagram, group(), target) < 0) {
         qCWarning(events).noquote() << "Announcement failed:" << socket.errorString();
     }
 }

@@ -22,8 +22,9 @@ class Announcer : public QObject
     Q_OBJECT
 
 public:
-    /// `port` is the server's own, told in the datagram.
-    Announcer(const QNetworkInterface& where, quint16 port);
+    /// `port` is the server's own, told in the datagram; `heardOn` the one that the consoles listen
+    /// on.
+    Announcer(const QNetworkInterface& where, quint16 port, quint16 heardOn);
 
     /// False when the interface can't be used; the next second is no better, so nothing is tried.
     bool start();
@@ -33,6 +34,7 @@ private:
 
     QNetworkInterface interface;
     QByteArray datagram;
+    quint16 target;
     QUdpSocket socket;
     QTimer timer;
 };

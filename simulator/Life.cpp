@@ -17,7 +17,6 @@ constexpr int stepsPerDrop = 15;
 constexpr int stepsToReturn = 6;
 constexpr int stepsPerPercent = 20;
 constexpr int stepsPerVisit = 40;
-constexpr int messageRate = 16000; // bytes that a unit plays from its memory in a second
 
 } // namespace
 
@@ -35,14 +34,23 @@ void Life::step()
 {
     reconnect();
     drain();
-    endTracks();
-    endMessages();
     if (chance.bounded(stepsPerVisit) == 0) {
         visit();
     }
+    if (chance.bounded(stepsPerDrop) == 0) {
+        lose();
+    }
+}
+
+void Life::lose()
+{
     const QVector<Unit>& units = server.installation().allUnits();
-    if (!units.isEmpty() && chance.bounded(stepsPerDrop) == 0) {
-        server.changeLink(units.at(chance.bounded(units.size())).id, Link::No);
+    if (units.isEmpty()) {
+        return;
+    }
+    const Unit& unlucky = units.at(chance.bounded(units.size()));
+    if (!unlucky.linkByHand) {
+        server.changeLink({unlucky.id}, Link::No);
     }
 }
 
@@ -50,10 +58,12 @@ void Life::step()
 void Life::reconnect()
 {
     for (const Unit& known : server.installation().allUnits()) {
-        if (known.link == Link::Bidirectional || chance.bounded(stepsToReturn) != 0) {
+        if (known.link == Link::Bidirectional || known.linkByHand ||
+            chance.bounded(stepsToReturn) != 0) {
             continue;
         }
-        server.changeLink(known.id, known.link == Link::No ? Link::Incoming : Link::Bidirectional);
+        server.changeLink({known.id},
+                          known.link == Link::No ? Link::Incoming : Link::Bidirectional);
     }
 }
 
@@ -63,7 +73,7 @@ void Life::drain()
     for (const Unit& known : server.installation().allUnits()) {
         const bool draining = known.battery == Battery::AcPowerMissing;
         const bool charging = known.battery == Battery::Charge;
-        if ((!draining && !charging) || known.link != Link::Bidirectional ||
+        if ((!draining && !charging) || known.powerByHand || known.link != Link::Bidirectional ||
             chance.bounded(stepsPerPercent) != 0) {
             continue;
         }
@@ -74,62 +84,7 @@ void Life::drain()
         } else if (unit.batteryLevel == 100) {
             unit.battery = Battery::Ok;
         }
-        server.tellUnit(unit.id);
-    }
-}
-
-void Life::endTracks()
-{
-    Installation& installation = server.installation();
-    const QDateTime now = QDateTime::currentDateTimeUtc();
-    QVector<int> over;
-    for (Playback& playback : installation.playbacks) {
-        const Track* current = installation.track(playback.track);
-        if (!playback.playing || !current || current->duration < 0 ||
-            installation.positionOf(playback, now) < current->duration) {
-            continue;
-        }
-        switch (finishTrack(installation, playback)) {
-        case TrackEnd::NextTrack:
-        case TrackEnd::Pause:
-            server.broadcast(trackPush(installation, playback));
-            break;
-        case TrackEnd::Stop:
-            over.append(playback.id);
-            break;
-        }
-    }
-    for (int id : over) {
-        end(id);
-    }
-}
-
-/// Ends a playback that runs, and tells it.
-void Life::end(int playback)
-{
-    Installation& installation = server.installation();
-    const QVector<int> units = installation.activeUnits(*installation.playback(playback));
-    endPlayback(installation, playback);
-    for (const Push& push : endPushes(installation, playback, units)) {
-        server.broadcast(push);
-    }
-}
-
-/// A message from a unit's memory sounds once.
-void Life::endMessages()
-{
-    Installation& installation = server.installation();
-    const QDateTime now = QDateTime::currentDateTimeUtc();
-    for (const Unit& known : installation.allUnits()) {
-        if (!known.memoryRun || !known.memoryRun->message ||
-            known.memoryRun->position >= known.messages.size()) {
-            continue;
-        }
-        const int seconds = known.messages.at(known.memoryRun->position).size / messageRate;
-        if (known.memoryRun->since.secsTo(now) >= seconds) {
-            installation.unit(known.id)->memoryRun.reset();
-            server.tellUnit(known.id);
-        }
+        server.tellUnits({unit.id});
     }
 }
 
@@ -137,10 +92,11 @@ void Life::endMessages()
 void Life::visit()
 {
     constexpr int folder = 24;
+    const QString passerBy = "the second operator";
     Installation& installation = server.installation();
     for (const Playback& playback : installation.playbacks) {
         if (playback.id == visitors) {
-            end(visitors);
+            server.end(visitors, passerBy);
             visitors = 0;
             return;
         }
@@ -153,11 +109,12 @@ void Life::visit()
     order.playlist = folder;
     order.units = {units.at(chance.bounded(units.size())).id};
     order.strategy = "partial";
+    order.by = passerBy;
     const StartResult started = startPlayback(installation, order);
     visitors = started.playback;
     if (started.refusal.isEmpty()) {
         server.broadcast(makePush("playback", "play"));
-        server.tellUnit(started.units.first());
+        server.tellUnits(started.units);
     }
 }
 

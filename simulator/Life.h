@@ -9,8 +9,8 @@ namespace simulator
 
 class Server;
 
-/// What happens of itself: units drop and come back, batteries drain and charge, tracks end, a
-/// second operator comes by.
+/// What happens of itself: units drop and come back, batteries drain and charge, a second operator
+/// comes by. What somebody has set at the prompt stays as it is.
 class Life : public QObject
 {
     Q_OBJECT
@@ -25,12 +25,10 @@ public:
     void step();
 
 private:
+    void lose();
     void reconnect();
     void drain();
-    void endTracks();
-    void endMessages();
     void visit();
-    void end(int playback);
 
     Server& server;
     QRandomGenerator chance;

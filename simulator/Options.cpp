@@ -33,10 +33,12 @@ void describe(QCommandLineParser& parser)
         {"port", "TCP port of the server, 0 for a free one.", "port", "2049"},
         {"address", "Address to listen on.", "address", "127.0.0.1"},
         {"devices", "Number of units.", "count", "24"},
-        {"quiet", "Nothing happens of itself."},
+        {"quiet", "Nothing happens of itself; what plays still ends."},
         {"seed", "Repeats the installation and what happens in it.", "number"},
         {"announce-interface", "Network interface for the announcement.", "name|address",
          "127.0.0.1"},
+        {"announce-port", "UDP port of the announcement.", "port",
+         QString::number(announcementPort)},
         {"no-announce", "No announcement."},
         {"data", "Folder for the certificate.", "folder",
          QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)},
@@ -63,10 +65,11 @@ std::optional<Options> readOptions(const QStringList& arguments, QString* proble
     }
     Options options;
     const auto port = number(parser, "port", 65535, problem);
+    const auto announcePort = number(parser, "announce-port", 65535, problem);
     const auto devices = number(parser, "devices", mostDevices, problem);
     const auto seed = parser.isSet("seed") ? number(parser, "seed", 0xffffffff, problem)
                                            : QRandomGenerator::global()->generate();
-    if (!port || !devices || !seed) {
+    if (!port || !announcePort || !devices || !seed) {
         return std::nullopt;
     }
     if (!options.address.setAddress(parser.value("address"))) {
@@ -74,6 +77,7 @@ std::optional<Options> readOptions(const QStringList& arguments, QString* proble
         return std::nullopt;
     }
     options.port = quint16(*port);
+    options.announcePort = quint16(*announcePort);
     options.devices = int(*devices);
     options.seed = *seed;
     options.quiet = parser.isSet("quiet");

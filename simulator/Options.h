@@ -1,5 +1,7 @@
 #pragma once
 
+#include "simulator/Announcer.h"
+
 #include <QHostAddress>
 #include <QString>
 #include <QStringList>
@@ -17,7 +19,8 @@ struct Options {
     bool quiet = false;
     quint32 seed = 0;
     bool announce = true;
-    QString announceInterface; ///< name or address
+    quint16 announcePort = announcementPort; ///< UDP
+    QString announceInterface;               ///< name or address
     QString dataFolder;
 };
 

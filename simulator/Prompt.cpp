@@ -1,7 +1,9 @@
 #include "simulator/Prompt.h"
 
+#include "simulator/PromptWords.h"
 #include "simulator/Server.h"
 #include "simulator/commands/PlaybackPushes.h"
+#include "simulator/commands/UnitReport.h"
 #include "simulator/fiction/Fleet.h"
 #include "simulator/state/Rights.h"
 #include "simulator/state/Topology.h"
@@ -17,29 +19,7 @@ namespace simulator
 namespace
 {
 
-/// A whole number from 0 to `most`.
-std::optional<int> number(const QString& text, int most)
-{
-    bool valid = false;
-    const int value = text.toInt(&valid);
-    return valid && value >= 0 && value <= most ? std::optional<int>(value) : std::nullopt;
-}
-
-std::optional<bool> onOff(const QString& text)
-{
-    return text == "on"    ? std::optional<bool>(true)
-           : text == "off" ? std::optional<bool>(false)
-                           : std::nullopt;
-}
-
-constexpr int longestDelay = 600000; // milliseconds
-
-/// The value of a right as it is typed: a switch, or the word of a level.
-QJsonValue rightValue(const QString& text)
-{
-    const auto on = onOff(text);
-    return on ? QJsonValue(*on) : QJsonValue(text);
-}
+const QString byHand = "the prompt";
 
 /// The zones that a unit leaves when it goes to another one: a unit is in one physical zone.
 QVector<int> zonesToLeave(const Installation& installation, int unit, const Zone& target)
@@ -54,7 +34,7 @@ QVector<int> zonesToLeave(const Installation& installation, int unit, const Zone
     return leaving;
 }
 
-using Rows = std::array<Prompt::Row, 14>;
+using Rows = std::array<Prompt::Row, 17>;
 
 QString usage(const Prompt::Row& row)
 {
@@ -67,7 +47,24 @@ QString help(const Rows& rows)
     for (const Prompt::Row& row : rows) {
         text += usage(row).leftJustified(46) + row.effect + '\n';
     }
-    return text.trimmed();
+    return text + "<units> is a list such as 3,7-9; what is set stays until it is set back";
+}
+
+/// The words of a line behind its first; the last kind may take all that is left.
+QStringList wordsFor(const QStringList& kinds, QStringList words)
+{
+    if (!kinds.isEmpty() && kinds.last().endsWith("...>") && words.size() > kinds.size()) {
+        const QString rest = words.mid(kinds.size() - 1).join(' ');
+        words = words.mid(0, kinds.size() - 1) + QStringList(rest);
+    }
+    return words;
+}
+
+bool areFormed(const QStringList& kinds, const QStringList& words)
+{
+    return std::equal(
+        words.begin(), words.end(), kinds.begin(), kinds.end(),
+        [](const QString& word, const QString& kind) { return isFormed(kind, word); });
 }
 
 } // namespace
@@ -79,19 +76,22 @@ Prompt::Prompt(Server& commanded) : server(commanded)
 QString Prompt::execute(const QString& line)
 {
     static const Rows rows{{
-        {"link", "<unit> no|incoming|bidirectional", "connects or loses a unit", &Prompt::link},
-        {"mains", "<unit> on|off", "gives a unit power or its battery", &Prompt::mains},
-        {"battery", "<unit> <percent>", "charges a unit's battery so far", &Prompt::battery},
-        {"case", "<unit> open|close", "opens or closes a unit", &Prompt::housing},
-        {"line", "<unit> <line> ok|break", "breaks or mends a line of a unit", &Prompt::line},
+        {"link", "<units> no|incoming|bidirectional", "connects or loses units", &Prompt::link},
+        {"mains", "<units> on|off", "gives units power or their battery", &Prompt::mains},
+        {"battery", "<units> <percent>", "charges units' batteries so far", &Prompt::battery},
+        {"case", "<units> open|close", "opens or closes units", &Prompt::housing},
+        {"line", "<units> <line> ok|break", "breaks or mends a line of units", &Prompt::line},
         {"right", "<role> <right> on|off|<level>", "gives a right or takes it", &Prompt::right},
         {"role", "<user> <role>", "moves an account to another role", &Prompt::role},
-        {"zone", "<unit> <zone>", "moves a unit to another zone", &Prompt::zone},
+        {"zone", "<units> <zone>", "moves units to another zone", &Prompt::zone},
         {"unit", "<title...>", "makes a unit", &Prompt::unit},
-        {"remove", "<unit>", "takes a unit away", &Prompt::remove},
+        {"remove", "<units>", "takes units away, all in one write", &Prompt::remove},
+        {"restore", "", "brings back the units that were taken away", &Prompt::restore},
+        {"storm", "<count>", "tells so many unit states in one write", &Prompt::storm},
         {"drop", "", "ends all connections", &Prompt::drop},
         {"slow", "<milliseconds>", "waits before each reply", &Prompt::slow},
         {"silent", "on|off", "answers nothing", &Prompt::silent},
+        {"list", "", "names units, zones, roles with their rights, users", &Prompt::list},
         {"quit", "", "ends the server", &Prompt::quit},
     }};
     QStringList words = line.split(' ', Qt::SkipEmptyParts);
@@ -104,176 +104,241 @@ QString Prompt::execute(const QString& line)
     if (row == rows.end()) {
         return name == "help" ? help(rows) : "Unknown command, try: help";
     }
-    const int expected = QString(row->arguments).split(' ', Qt::SkipEmptyParts).size();
-    if (QString(row->arguments).endsWith("...>")) {
-        words = QStringList(words.join(' '));
+    return carryOut(*row, words);
+}
+
+QString Prompt::carryOut(const Row& row, const QStringList& typed)
+{
+    const QStringList kinds = QString(row.arguments).split(' ', Qt::SkipEmptyParts);
+    const QStringList words = wordsFor(kinds, typed);
+    if (!areFormed(kinds, words)) {
+        return "Usage: " + usage(row);
     }
-    if (words.size() != expected || words.contains(QString()) || !(this->*row->handle)(words)) {
-        return "Usage: " + usage(*row);
+    for (int place = 0; place < kinds.size(); ++place) {
+        QString problem = unknownName(server.installation(), kinds.at(place), words.at(place));
+        if (!problem.isEmpty()) {
+            return problem;
+        }
     }
-    return "ok";
+    const QString answer = (this->*row.handle)(words);
+    return answer.isEmpty() ? "ok" : answer;
 }
 
-/// Makes the change to the unit and tells it. False for an unknown unit.
-template <typename Change> bool Prompt::changeUnit(const QString& id, Change change)
+/// Makes the change to the units and tells them.
+template <typename Change> QString Prompt::changeUnits(const QString& ids, Change change)
 {
-    Unit* unit = server.installation().unit(id.toInt());
-    if (!unit) {
-        return false;
+    const QVector<int> units = unitsIn(ids);
+    for (int id : units) {
+        change(*server.installation().unit(id));
     }
-    change(*unit);
-    server.tellUnit(unit->id);
-    return true;
+    server.tellUnits(units);
+    return {};
 }
 
-bool Prompt::link(const QStringList& arguments)
+QString Prompt::link(const QStringList& arguments)
 {
-    const auto link = valueOf(linkWords, arguments.at(1));
-    const Unit* unit = server.installation().unit(arguments.first().toInt());
-    if (link && unit) {
-        server.changeLink(unit->id, *link);
+    const QVector<int> units = unitsIn(arguments.first());
+    for (int id : units) {
+        server.installation().unit(id)->linkByHand = true;
     }
-    return link && unit;
+    server.changeLink(units, *valueOf(linkWords, arguments.at(1)));
+    return {};
 }
 
-bool Prompt::mains(const QStringList& arguments)
+/// With the mains the charging goes on by itself again.
+QString Prompt::mains(const QStringList& arguments)
 {
-    const auto on = onOff(arguments.at(1));
-    return on && changeUnit(arguments.first(), [on](Unit& unit) {
-               unit.battery = !*on                      ? Battery::AcPowerMissing
-                              : unit.batteryLevel < 100 ? Battery::Charge
-                                                        : Battery::Ok;
-           });
+    const bool on = arguments.at(1) == "on";
+    return changeUnits(arguments.first(), [on](Unit& unit) {
+        unit.powerByHand = !on;
+        unit.battery = !on                       ? Battery::AcPowerMissing
+                       : unit.batteryLevel < 100 ? Battery::Charge
+                                                 : Battery::Ok;
+    });
 }
 
-bool Prompt::battery(const QStringList& arguments)
+QString Prompt::battery(const QStringList& arguments)
 {
-    const auto level = number(arguments.at(1), 100);
-    return level &&
-           changeUnit(arguments.first(), [level](Unit& unit) { unit.batteryLevel = *level; });
+    const int level = arguments.at(1).toInt();
+    return changeUnits(arguments.first(), [level](Unit& unit) {
+        unit.powerByHand = true;
+        unit.batteryLevel = level;
+    });
 }
 
-bool Prompt::housing(const QStringList& arguments)
+QString Prompt::housing(const QStringList& arguments)
 {
-    const auto housing = valueOf(caseWords, arguments.at(1));
-    return housing &&
-           changeUnit(arguments.first(), [housing](Unit& unit) { unit.housing = *housing; });
+    const Case housing = *valueOf(caseWords, arguments.at(1));
+    return changeUnits(arguments.first(), [housing](Unit& unit) { unit.housing = housing; });
 }
 
-bool Prompt::line(const QStringList& arguments)
+QString Prompt::line(const QStringList& arguments)
 {
-    const QString& state = arguments.at(2);
-    const Unit* unit = server.installation().unit(arguments.first().toInt());
-    if (!unit || (state != "ok" && state != "break")) {
-        return false;
-    }
     const int tip = arguments.at(1).toInt();
-    const auto place = std::find_if(unit->lines.begin(), unit->lines.end(),
-                                    [tip](const Line& line) { return line.tipId == tip; });
-    const int index = int(place - unit->lines.begin());
-    return place != unit->lines.end() && changeUnit(arguments.first(), [&](Unit& changed) {
-               changed.lines[index].inOrder = state == "ok";
-           });
+    QVector<Line*> lines;
+    for (int id : unitsIn(arguments.first())) {
+        QVector<Line>& all = server.installation().unit(id)->lines;
+        const auto place = std::find_if(all.begin(), all.end(),
+                                        [tip](const Line& line) { return line.tipId == tip; });
+        if (place == all.end()) {
+            return QString("There is no line %1 on unit %2").arg(tip).arg(id);
+        }
+        lines.append(&*place);
+    }
+    for (Line* line : lines) {
+        line->inOrder = arguments.at(2) == "ok";
+    }
+    server.tellUnits(unitsIn(arguments.first()));
+    return {};
 }
 
-bool Prompt::right(const QStringList& arguments)
+QString Prompt::right(const QStringList& arguments)
 {
-    Role* role = server.installation().role(arguments.first());
-    if (!role || !setRight(*role, arguments.at(1), rightValue(arguments.at(2)))) {
-        return false;
+    Role& role = *server.installation().role(arguments.first());
+    if (!setRight(role, arguments.at(1), rightValue(arguments.at(2)))) {
+        return QString("The right %1 doesn't take %2").arg(arguments.at(1), arguments.at(2));
     }
-    server.broadcast(makePush("role", "reloadChanges", {{"name", role->name}}));
-    return true;
+    server.broadcast(makePush("role", "reloadChanges", {{"name", role.name}}));
+    return {};
 }
 
-bool Prompt::role(const QStringList& arguments)
+QString Prompt::role(const QStringList& arguments)
 {
-    Account* account = server.installation().account(arguments.first());
-    const Role* role = server.installation().role(arguments.at(1));
-    if (!account || !role) {
-        return false;
-    }
-    account->role = role->name;
+    server.installation().account(arguments.first())->role = arguments.at(1);
     server.broadcast(reloadPush("user"));
-    return true;
+    return {};
 }
 
-bool Prompt::zone(const QStringList& arguments)
+QString Prompt::zone(const QStringList& arguments)
 {
     Installation& installation = server.installation();
-    const int unit = arguments.first().toInt();
-    Zone* target = installation.zone(arguments.at(1).toInt());
-    if (!target || !installation.unit(unit) || target->units.contains(unit)) {
-        return false;
+    Zone& target = *installation.zone(arguments.at(1).toInt());
+    std::vector<Push> pushes;
+    for (int unit : unitsIn(arguments.first())) {
+        if (target.units.contains(unit)) {
+            continue;
+        }
+        const QVector<int> leaving = zonesToLeave(installation, unit, target);
+        target.units.append(unit);
+        // A console drops a unit that is in no zone, so it enters before it leaves.
+        pushes.push_back(membershipPush("includeDevice", target.id, unit));
+        for (int id : leaving) {
+            installation.zone(id)->units.removeAll(unit);
+            pushes.push_back(membershipPush("excludeDevice", id, unit));
+        }
     }
-    const QVector<int> leaving = zonesToLeave(installation, unit, *target);
-    target->units.append(unit);
-    // A console drops a unit that is in no zone, so it enters before it leaves.
-    server.broadcast(membershipPush("includeDevice", target->id, unit));
-    for (int id : leaving) {
-        installation.zone(id)->units.removeAll(unit);
-        server.broadcast(membershipPush("excludeDevice", id, unit));
-    }
-    return true;
+    server.broadcast(pushes);
+    return pushes.empty() ? "They stand there already" : "";
 }
 
-bool Prompt::unit(const QStringList& arguments)
+QString Prompt::unit(const QStringList& arguments)
 {
     Installation& installation = server.installation();
     int last = 0;
     for (const Unit& known : installation.allUnits()) {
         last = std::max(last, known.id);
     }
+    for (const Removed& away : removed) {
+        last = std::max(last, away.unit.id);
+    }
     installation.addUnit(makeNewUnit(last + 1, arguments.first()));
     includeUnit(installation, last + 1, rootZone);
-    server.tellUnit(last + 1);
-    return true;
+    server.tellUnits({last + 1});
+    return {};
 }
 
-bool Prompt::remove(const QStringList& arguments)
+QString Prompt::remove(const QStringList& arguments)
 {
     Installation& installation = server.installation();
-    const Unit* unit = installation.unit(arguments.first().toInt());
-    if (!unit) {
-        return false;
+    std::vector<Push> pushes;
+    for (int id : unitsIn(arguments.first())) {
+        for (int ended : freeUnit(installation, id, byHand)) {
+            pushes.push_back(stoppedPush(ended));
+        }
+        removed.append({*installation.unit(id), installation.zonesOf(id)});
+        installation.removeUnit(id);
+        pushes.push_back(membershipPush("excludeDevice", 0, id));
     }
-    const int id = unit->id;
-    for (int ended : freeUnit(installation, id)) {
-        server.broadcast(stoppedPush(ended));
-    }
-    installation.removeUnit(id);
-    server.broadcast(membershipPush("excludeDevice", 0, id));
-    return true;
+    server.broadcast(pushes);
+    return {};
 }
 
-bool Prompt::drop(const QStringList&)
+/// A console puts a unit that it doesn't know into the root zone; the pushes behind its first
+/// state put it where it stood, as far as that is still there.
+QString Prompt::restore(const QStringList&)
+{
+    Installation& installation = server.installation();
+    std::vector<Push> pushes;
+    for (const Removed& back : removed) {
+        const int id = back.unit.id;
+        installation.addUnit(back.unit);
+        for (int zone : back.zones) {
+            includeUnit(installation, id, zone);
+        }
+        if (installation.zonesOf(id).isEmpty()) {
+            includeUnit(installation, id, rootZone);
+        }
+        pushes.push_back(unitPush(installation, back.unit));
+        const QVector<int> zones = installation.zonesOf(id);
+        for (int zone : zones) {
+            if (zone != rootZone) {
+                pushes.push_back(membershipPush("includeDevice", zone, id));
+            }
+        }
+        if (!zones.contains(rootZone)) {
+            pushes.push_back(membershipPush("excludeDevice", rootZone, id));
+        }
+    }
+    removed.clear();
+    server.broadcast(pushes);
+    return pushes.empty() ? "No unit was taken away" : "";
+}
+
+QString Prompt::storm(const QStringList& arguments)
+{
+    const Installation& installation = server.installation();
+    std::vector<Push> states;
+    for (const Unit& unit : installation.allUnits()) {
+        states.push_back(unitPush(installation, unit));
+    }
+    if (states.empty()) {
+        return "There is no unit";
+    }
+    std::vector<Push> pushes(std::size_t(arguments.first().toInt()));
+    for (std::size_t place = 0; place < pushes.size(); ++place) {
+        pushes[place] = states[place % states.size()];
+    }
+    server.broadcast(pushes);
+    return {};
+}
+
+QString Prompt::drop(const QStringList&)
 {
     server.dropConnections();
-    return true;
+    return {};
 }
 
-bool Prompt::slow(const QStringList& arguments)
+QString Prompt::slow(const QStringList& arguments)
 {
-    const auto delay = number(arguments.first(), longestDelay);
-    if (delay) {
-        server.setReplyDelay(*delay);
-    }
-    return delay.has_value();
+    server.setReplyDelay(arguments.first().toInt());
+    return {};
 }
 
-bool Prompt::silent(const QStringList& arguments)
+QString Prompt::silent(const QStringList& arguments)
 {
-    const auto on = onOff(arguments.first());
-    if (on) {
-        server.setSilent(*on);
-    }
-    return on.has_value();
+    server.setSilent(arguments.first() == "on");
+    return {};
 }
 
-bool Prompt::quit(const QStringList&)
+QString Prompt::list(const QStringList&)
+{
+    return inventory(server.installation());
+}
+
+QString Prompt::quit(const QStringList&)
 {
     QCoreApplication::quit();
-    return true;
+    return {};
 }
 
 } // namespace simulator

@@ -97,35 +97,73 @@ QStringList Server::connectedAccounts() const
 
 void Server::broadcast(const Push& push)
 {
+    broadcast(std::vector<Push>{push});
+}
+
+void Server::broadcast(const std::vector<Push>& pushes)
+{
     for (const auto& session : sessions) {
-        if (mayHear(state, *session, push)) {
-            session->push(push.message);
+        std::vector<QJsonObject> heard;
+        for (const Push& push : pushes) {
+            if (mayHear(state, *session, push)) {
+                heard.push_back(push.message);
+            }
+        }
+        if (!heard.empty()) {
+            session->push(heard);
         }
     }
 }
 
-void Server::tellUnit(int id)
+void Server::tellUnits(const QVector<int>& ids)
 {
-    if (const Unit* unit = state.unit(id)) {
-        broadcast(unitPush(state, *unit));
+    std::vector<Push> pushes;
+    for (int id : ids) {
+        if (const Unit* unit = state.unit(id)) {
+            pushes.push_back(unitPush(state, *unit));
+        }
     }
+    broadcast(pushes);
 }
 
-void Server::changeLink(int id, Link link)
+void Server::changeLink(const QVector<int>& ids, Link link)
 {
-    Unit* unit = state.unit(id);
-    if (!unit || unit->link == link) {
-        return;
+    std::vector<Push> pushes;
+    bool plays = false;
+    bool hears = false;
+    for (int id : ids) {
+        Unit* unit = state.unit(id);
+        if (!unit || unit->link == link) {
+            continue;
+        }
+        qCInfo(events).noquote() << "Unit" << id << "link" << wordOf(linkWords, link);
+        unit->link = link;
+        pushes.push_back(unitPush(state, *unit));
+        plays = plays || unit->playback > 0;
+        hears = hears || (state.redirection && state.redirection->units.contains(id));
     }
-    qCInfo(events).noquote() << "Unit" << id << "link" << wordOf(linkWords, link);
-    unit->link = link;
-    tellUnit(id);
-    if (link == Link::Bidirectional && unit->playback > 0) {
-        // The consoles took the unit off its playback when it went.
-        broadcast(makePush("playback", "play"));
+    // The consoles took the units off their playback when they went.
+    if (link == Link::Bidirectional && plays) {
+        pushes.push_back(makePush("playback", "play"));
     }
-    if (link == Link::Bidirectional && state.redirection && state.redirection->units.contains(id)) {
-        broadcast(makePush("playback", "startRedirection"));
+    if (link == Link::Bidirectional && hears) {
+        pushes.push_back(makePush("playback", "startRedirection"));
+    }
+    broadcast(pushes);
+}
+
+void Server::end(int playback, const QString& by)
+{
+    const QVector<int> units = state.activeUnits(*state.playback(playback));
+    endPlayback(state, playback, by);
+    broadcast(endPushes(state, playback, units));
+}
+
+void Server::setReplyDelay(int milliseconds)
+{
+    manners.replyDelay = milliseconds;
+    for (const auto& session : sessions) {
+        session->hurry();
     }
 }
 
@@ -154,9 +192,7 @@ void Server::serve(Session& session, const QJsonObject& request)
 {
     Context context(state, session, microphone, connectedAccounts());
     session.reply(request, answer(context, request));
-    for (const Push& push : context.pushes()) {
-        broadcast(push);
-    }
+    broadcast(context.pushes());
     if (session.account().isEmpty()) {
         silenceIfSpeaker(session);
     }
@@ -170,9 +206,7 @@ void Server::silenceIfSpeaker(const Session& session)
     if (!state.redirection || state.redirection->speaker != session.number()) {
         return;
     }
-    for (const Push& push : silence(state)) {
-        broadcast(push);
-    }
+    broadcast(silence(state));
     microphone.close();
 }
 

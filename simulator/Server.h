@@ -38,17 +38,21 @@ public:
     /// Names of the accounts that are logged in, each once.
     QStringList connectedAccounts() const;
 
-    /// Sends a push to every logged-in session that may see what it is about.
+    /// Sends a push to every logged-in session that may see what it is about; several in one write.
     void broadcast(const Push& push);
-    /// Tells the state of a unit to every logged-in session that sees the unit.
-    void tellUnit(int id);
-    /// Connects or loses a unit and tells it; one that carries a playback joins it again.
-    void changeLink(int id, Link link);
+    void broadcast(const std::vector<Push>& pushes);
+    /// Tells the state of units to every logged-in session that sees them.
+    void tellUnits(const QVector<int>& ids);
+    /// Connects or loses units and tells it; those that carry a playback join it again.
+    void changeLink(const QVector<int>& ids, Link link);
+    /// Ends a playback that runs, and tells it; `by` is for the log.
+    void end(int playback, const QString& by);
 
     void dropConnections();
     /// For all sessions, from their next request on.
-    void setReplyDelay(int milliseconds) { manners.replyDelay = milliseconds; }
+    void setReplyDelay(int milliseconds);
     void setSilent(bool silent) { manners.silent = silent; }
+    void setMostUnread(qint64 bytes) { manners.mostUnread = bytes; }
 
 Q_SIGNALS:
     /// A line for the person who watches the server.

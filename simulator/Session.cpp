@@ -29,6 +29,11 @@ const char* describe(ObjectReader::Fault fault)
     return "";
 }
 
+QByteArray textOf(const QJsonObject& message)
+{
+    return QJsonDocument(message).toJson(QJsonDocument::Compact);
+}
+
 } // namespace
 
 Session::Session(qintptr descriptor, int number, const Identity& identity,
@@ -42,6 +47,8 @@ Session::Session(qintptr descriptor, int number, const Identity& identity,
     connect(&patience, &QTimer::timeout, this,
             [this] { dismiss("made no TLS connection in time"); });
     connect(&delay, &QTimer::timeout, this, &Session::serveNext);
+    connect(&overflow, &QTimer::timeout, this, [this] { dismiss("doesn't read what it is sent"); });
+    overflow.setSingleShot(true);
     delay.setSingleShot(true);
     patience.setSingleShot(true);
     patience.start(handshakeLimit);
@@ -67,18 +74,29 @@ Session::~Session()
 void Session::reply(const QJsonObject& request, QJsonObject answer)
 {
     answer.insert("order", request.value("order"));
-    send(answer);
+    send(textOf(answer));
 }
 
-void Session::push(QJsonObject message)
+void Session::push(const std::vector<QJsonObject>& messages)
 {
-    message.insert("order", nextPush++);
-    send(message);
+    QByteArray text;
+    for (QJsonObject message : messages) {
+        message.insert("order", nextPush++);
+        text += textOf(message);
+    }
+    send(text);
 }
 
 void Session::drop()
 {
     socket.abort();
+}
+
+void Session::hurry()
+{
+    if (delay.isActive()) {
+        delay.start(manners.replyDelay);
+    }
 }
 
 void Session::read()
@@ -133,9 +151,17 @@ void Session::serveNext()
     }
 }
 
-void Session::send(const QJsonObject& message)
+/// Writing never waits. What a console doesn't read stays here, up to a bound: then it is dropped,
+/// as soon as whoever sends to all consoles is through.
+void Session::send(const QByteArray& text)
 {
-    socket.write(QJsonDocument(message).toJson(QJsonDocument::Compact));
+    if (overflow.isActive()) {
+        return;
+    }
+    socket.write(text);
+    if (socket.bytesToWrite() + socket.encryptedBytesToWrite() > manners.mostUnread) {
+        overflow.start(0);
+    }
 }
 
 void Session::dismiss(const char* why)

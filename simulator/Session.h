@@ -9,6 +9,8 @@
 #include <QSslSocket>
 #include <QTimer>
 
+#include <vector>
+
 namespace simulator
 {
 
@@ -18,6 +20,8 @@ struct Identity;
 struct Manners {
     int replyDelay = 0;  ///< milliseconds before a request is looked at
     bool silent = false; ///< requests are read and never answered
+    /// Bytes that a console may leave unread before it is dropped.
+    qint64 mostUnread = 64LL * 1024 * 1024;
 };
 
 /// One connection: TLS, the objects of its stream, who is logged in, and what is sent back.
@@ -41,10 +45,12 @@ public:
 
     /// Answers a request: `answer` goes out with the order of the request.
     void reply(const QJsonObject& request, QJsonObject answer);
-    /// Sends a push under the next order of this connection.
-    void push(QJsonObject message);
+    /// Sends pushes in one write, each under the next order of this connection.
+    void push(const std::vector<QJsonObject>& messages);
     /// Ends the connection at once.
     void drop();
+    /// Starts the wait of the request whose turn it is anew, when the manners have changed.
+    void hurry();
 
 Q_SIGNALS:
     /// A request has arrived and its turn has come. It is answered by reply(), once.
@@ -56,7 +62,7 @@ private:
     void read();
     void take(const QByteArray& text);
     void serveNext();
-    void send(const QJsonObject& message);
+    void send(const QByteArray& text);
     void dismiss(const char* why);
 
     QSslSocket socket;
@@ -64,6 +70,7 @@ private:
     QQueue<QJsonObject> waiting;
     QTimer patience; ///< for the handshake
     QTimer delay;
+    QTimer overflow; ///< drops the session, but not in the middle of a broadcast
     const Manners& manners;
     QString accountName;
     int sequence;

@@ -3,6 +3,7 @@
 #include "simulator/Interrupts.h"
 #include "simulator/Life.h"
 #include "simulator/Options.h"
+#include "simulator/Playout.h"
 #include "simulator/Prompt.h"
 #include "simulator/Server.h"
 #include "simulator/StandardInput.h"
@@ -71,10 +72,12 @@ int main(int argc, char** argv)
 
     std::optional<Announcer> announcer;
     if (options->announce) {
-        announcer.emplace(*interface, server.port());
+        announcer.emplace(*interface, server.port(), options->announcePort);
         announcer->start();
     }
     QObject::connect(&server, &Server::said, &application, say);
+    Playout playout(server);
+    playout.start();
     Life life(server, options->seed);
     if (!options->quiet) {
         life.start();

@@ -41,6 +41,11 @@ const Role* Context::role() const
     return own ? state.role(own->role) : nullptr;
 }
 
+QString Context::who() const
+{
+    return QString("%1 in session %2").arg(asking.account()).arg(asking.number());
+}
+
 void Context::pushToOthers(Push push)
 {
     push.notTo = &asking;

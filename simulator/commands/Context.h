@@ -43,6 +43,8 @@ public:
     const Account* account() const;
     /// The role of the account that asks, null as above and for an account without a role.
     const Role* role() const;
+    /// Who asks, for the log.
+    QString who() const;
     /// Only inside handlers of commands that need a login: there is a role then.
     Access access() const { return Access(state, *role()); }
     const QStringList& connectedAccounts() const { return connected; }

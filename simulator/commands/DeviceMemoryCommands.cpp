@@ -100,7 +100,7 @@ QJsonObject play(Context& context, const QJsonObject& request, int count, bool m
     if (rankOn(installation, unit) > memoryRank) {
         return refusal("playing");
     }
-    for (int ended : freeUnit(installation, unit)) {
+    for (int ended : freeUnit(installation, unit, context.who())) {
         context.push(stoppedPush(ended));
     }
     const int group = ++installation.lastMemoryGroup;

@@ -29,6 +29,7 @@ QJsonObject play(Context& context, const QJsonObject& request)
     order.units = context.access().seenUnits(fromArray(request.value("devices")));
     order.strategy = request.value("strategy").toString();
     order.repetition = repetitionIn(request);
+    order.by = context.who();
     const StartResult started = startPlayback(context.installation(), order);
     if (!started.refusal.isEmpty()) {
         return {{"response", started.refusal}};
@@ -47,7 +48,7 @@ QJsonObject stop(Context& context, const QJsonObject& request)
     }
     const int id = playback->id;
     const QVector<int> units = context.installation().activeUnits(*playback);
-    endPlayback(context.installation(), id);
+    endPlayback(context.installation(), id, context.who());
     for (const Push& push : endPushes(context.installation(), id, units)) {
         // What goes on behind it is news for the one that asked, too.
         const bool news = push.message.value("action") == "play";
@@ -63,7 +64,7 @@ QJsonObject pause(Context& context, const QJsonObject& request)
         return refusal("unknownId");
     }
     const bool paused = request.value("pause").toBool();
-    setPaused(context.installation(), *playback, paused);
+    setPaused(context.installation(), *playback, paused, context.who());
     // There is a push for the pause alone; what goes on is told by where it is.
     context.pushToOthers(paused ? pausedPush(playback->id)
                                 : trackPush(context.installation(), *playback));
@@ -85,7 +86,7 @@ QJsonObject playNext(Context& context, const QJsonObject& request)
     if (!track || track->playlist != playback->playlist) {
         return refusal("error");
     }
-    playTrack(*playback, track->id, request.value("timeshift").toInt());
+    playTrack(*playback, track->id, request.value("timeshift").toInt(), context.who());
     // The one that asked learns here which track it is, when it left the choice to the server.
     context.push(trackPush(installation, *playback));
     return success();

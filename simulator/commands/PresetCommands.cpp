@@ -59,6 +59,7 @@ QJsonObject play(Context& context, const QJsonObject& request)
     order.units = unitsOf(context.installation(), preset->targets);
     order.strategy = request.value("strategy").toString();
     order.repetition = preset->repetition;
+    order.by = context.who();
     const StartResult started = startPlayback(context.installation(), order);
     if (!started.refusal.isEmpty()) {
         return {{"response", started.refusal}};

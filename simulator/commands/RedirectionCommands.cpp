@@ -1,4 +1,5 @@
 #include "simulator/AudioReceiver.h"
+#include "simulator/EventLog.h"
 #include "simulator/commands/CommandTable.h"
 #include "simulator/commands/PlayFields.h"
 #include "simulator/commands/PlaybackPushes.h"
@@ -35,11 +36,12 @@ void takeOver(Context& context, const Redirection& redirection)
         }
     }
     for (int unit : redirection.units) {
-        for (int ended : freeUnit(installation, unit)) {
+        for (int ended : freeUnit(installation, unit, context.who())) {
             context.push(stoppedPush(ended));
         }
     }
     installation.redirection = redirection;
+    qCInfo(events).noquote() << "Redirection" << redirection.type << "started by" << context.who();
 }
 
 QJsonObject startRedirection(Context& context, const QJsonObject& request)
@@ -99,6 +101,7 @@ QJsonObject stopRedirection(Context& context, const QJsonObject&)
     if (!maySpeak(context, installation.redirection->type)) {
         return refusal("forbidden");
     }
+    qCInfo(events).noquote() << "Redirection stopped by" << context.who();
     for (const Push& push : silence(installation)) {
         context.pushToOthers(push);
     }

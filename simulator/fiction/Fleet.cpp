@@ -122,7 +122,9 @@ void addHardware(Unit& unit)
     unit.versionMain = newer ? "3" : "2";
     unit.versionPss = newer ? "3.4.2.118" : "0.8.1.40";
     unit.versionLineControl = newer ? "1.7.0.6" : "1.2.3.1";
-    unit.equalizer = QVector<double>(newer ? 10 : 2, 0.0);
+    unit.equalizerEnabled = unit.id % 4 != 3; // on for all of the older ones
+    unit.equalizer =
+        newer ? QVector<double>{3, 2, 1, 0, 0, 0, 0, -1, -2, -3} : QVector<double>{6, -2};
     unit.lines.append({1, "Линия 1", true, false});
     unit.lines.append({2, "Линия 2", true, false});
     if (newer) {

@@ -84,15 +84,18 @@ void addPresets(Installation& installation)
 /// What runs when the server starts: the radio in the technical rooms, music at the reception.
 void addPlaybacks(Installation& installation)
 {
+    const QString schedule = "the schedule";
     StartOrder radio;
     radio.playlist = 21;
     radio.units = {21, 23};
+    radio.by = schedule;
     startPlayback(installation, radio);
     StartOrder music;
     music.playlist = 22;
     music.track = 112;
     music.units = {2, 8};
     music.repetition.repeats = 99;
+    music.by = schedule;
     const StartResult started = startPlayback(installation, music);
     if (Playback* playback = installation.playback(started.playback)) {
         playback->task = 1;

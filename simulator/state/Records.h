@@ -68,6 +68,8 @@ struct Unit {
     std::optional<MemoryRun> memoryRun;
     int availableMemory = 0; ///< bytes
     QString memoryStamp;
+    bool linkByHand = false;  ///< set at the prompt, so life leaves the link as it is
+    bool powerByHand = false; ///< the same for battery and mains
 };
 
 /// A node of the zone tree.

@@ -1,5 +1,7 @@
 #include "simulator/state/Transport.h"
 
+#include "simulator/EventLog.h"
+
 #include <algorithm>
 #include <array>
 
@@ -66,12 +68,26 @@ bool isGong(const Installation& installation, int playlist)
 }
 
 /// A gong leaves what it interrupts in place, but for another gong.
-QVector<int> makeRoom(Installation& installation, int unit, bool forGong)
+QVector<int> makeRoom(Installation& installation, int unit, bool forGong, const QString& by)
 {
     const Playback* running = installation.playback(installation.unit(unit)->playback);
     return forGong && running && !isGong(installation, running->playlist)
                ? QVector<int>()
-               : freeUnit(installation, unit);
+               : freeUnit(installation, unit, by);
+}
+
+void say(int playback, const QString& what, const QString& by)
+{
+    qCInfo(events).noquote() << "Playback" << playback << what << "by" << by;
+}
+
+/// A playback's next track, without a word about it.
+void setTrack(Playback& playback, int track, int position)
+{
+    playback.track = track;
+    playback.position = position;
+    playback.since = QDateTime::currentDateTimeUtc();
+    playback.playing = true;
 }
 
 } // namespace
@@ -135,7 +151,7 @@ StartResult startPlayback(Installation& installation, const StartOrder& order)
     const bool gong = isGong(installation, order.playlist);
     const bool live = installation.redirection.has_value();
     for (int id : result.units) {
-        result.ended += makeRoom(installation, id, gong);
+        result.ended += makeRoom(installation, id, gong, order.by);
         installation.unit(id)->playback = result.playback;
     }
     result.silenced = live && !installation.redirection;
@@ -144,12 +160,18 @@ StartResult startPlayback(Installation& installation, const StartOrder& order)
     playback.playlist = order.playlist;
     playback.repetition = gong ? Repetition{"track", 0, "stop"} : order.repetition;
     playback.units = result.units;
-    playTrack(playback, *track, 0);
+    setTrack(playback, *track, 0);
     installation.playbacks.append(playback);
+    say(playback.id,
+        QString("started with track %1 of folder %2 on %3 units")
+            .arg(*track)
+            .arg(order.playlist)
+            .arg(result.units.size()),
+        order.by);
     return result;
 }
 
-bool endPlayback(Installation& installation, int id)
+bool endPlayback(Installation& installation, int id, const QString& by)
 {
     const auto place = std::find_if(installation.playbacks.begin(), installation.playbacks.end(),
                                     [id](const Playback& playback) { return playback.id == id; });
@@ -158,6 +180,7 @@ bool endPlayback(Installation& installation, int id)
     }
     const QVector<int> units = place->units;
     installation.playbacks.erase(place);
+    say(id, "ended", by);
     for (int unit : units) {
         if (installation.unit(unit)->playback == id) {
             installation.unit(unit)->playback = addressing(installation, unit);
@@ -166,7 +189,7 @@ bool endPlayback(Installation& installation, int id)
     return true;
 }
 
-QVector<int> freeUnit(Installation& installation, int unit)
+QVector<int> freeUnit(Installation& installation, int unit, const QString& by)
 {
     QVector<int> ended;
     for (Playback& playback : installation.playbacks) {
@@ -175,7 +198,7 @@ QVector<int> freeUnit(Installation& installation, int unit)
         }
     }
     for (int id : ended) {
-        endPlayback(installation, id);
+        endPlayback(installation, id, by);
     }
     std::optional<Redirection>& live = installation.redirection;
     if (live && live->units.removeAll(unit) > 0 && live->units.isEmpty()) {
@@ -188,16 +211,15 @@ QVector<int> freeUnit(Installation& installation, int unit)
     return ended;
 }
 
-void playTrack(Playback& playback, int track, int position)
+void playTrack(Playback& playback, int track, int position, const QString& by)
 {
-    playback.track = track;
-    playback.position = position;
-    playback.since = QDateTime::currentDateTimeUtc();
-    playback.playing = true;
+    setTrack(playback, track, position);
+    say(playback.id, QString("put on track %1 at %2 s").arg(track).arg(position), by);
 }
 
-void setPaused(const Installation& installation, Playback& playback, bool paused)
+void setPaused(const Installation& installation, Playback& playback, bool paused, const QString& by)
 {
+    say(playback.id, paused ? "paused" : "resumed", by);
     const QDateTime now = QDateTime::currentDateTimeUtc();
     playback.position = installation.positionOf(playback, now);
     playback.since = now;
@@ -218,9 +240,10 @@ std::optional<int> followingTrack(const Installation& installation, const Playba
 
 TrackEnd finishTrack(const Installation& installation, Playback& playback)
 {
+    const QString itself = "the end of its track";
     const bool wholeList = playback.repetition.target == "list";
     if (const auto next = followingTrack(installation, playback); wholeList && next) {
-        playTrack(playback, *next, 0);
+        playTrack(playback, *next, 0, itself);
         return TrackEnd::NextTrack;
     }
     const int again = wholeList
@@ -230,10 +253,13 @@ TrackEnd finishTrack(const Installation& installation, Playback& playback)
     if (!repeats && playback.repetition.atEnd == "stop") {
         return TrackEnd::Stop;
     }
-    playTrack(playback, again, 0);
+    playTrack(playback, again, 0, itself);
     playback.pass = repeats ? playback.pass + 1 : 0;
-    playback.playing = repeats;
-    return repeats ? TrackEnd::NextTrack : TrackEnd::Pause;
+    if (repeats) {
+        return TrackEnd::NextTrack;
+    }
+    setPaused(installation, playback, true, itself);
+    return TrackEnd::Pause;
 }
 
 } // namespace simulator

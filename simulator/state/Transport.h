@@ -23,6 +23,7 @@ struct StartOrder {
     QVector<int> units;
     QString strategy; ///< for busy units: "overlap" takes them, "partial" leaves them, else refuse
     Repetition repetition;
+    QString by; ///< who starts it, for the log
 };
 
 /// What came of it.
@@ -34,6 +35,8 @@ struct StartResult {
     QVector<int> ended;    ///< playbacks that lost their last unit to it
     bool silenced = false; ///< it ended who spoke live
 };
+
+// What becomes of a playback is logged where it happens; `by` says by whose doing.
 
 /// What is to be done with one that wants `units`, of a rank, and with what strategy: the wire word
 /// of the refusal as for startPlayback(), empty when it may; `units` are then those that it gets.
@@ -48,17 +51,18 @@ StartResult startPlayback(Installation& installation, const StartOrder& order);
 
 /// Ends a playback and frees its units, or gives them back to what it interrupted. False for an
 /// unknown one.
-bool endPlayback(Installation& installation, int id);
+bool endPlayback(Installation& installation, int id, const QString& by);
 
 /// Takes a unit from all that it plays, hears live or that waits on it. Gives the playbacks that
 /// lost their last unit and ended by it.
-QVector<int> freeUnit(Installation& installation, int unit);
+QVector<int> freeUnit(Installation& installation, int unit, const QString& by);
 
 /// Sets the track of a playback and its place in it, in seconds, and lets it run.
-void playTrack(Playback& playback, int track, int position);
+void playTrack(Playback& playback, int track, int position, const QString& by);
 
 /// Halts a playback where it is, or lets it go on from there.
-void setPaused(const Installation& installation, Playback& playback, bool paused);
+void setPaused(const Installation& installation, Playback& playback, bool paused,
+               const QString& by);
 
 /// The track behind the current one in the folder, nothing behind the last.
 std::optional<int> followingTrack(const Installation& installation, const Playback& playback);

@@ -52,6 +52,11 @@ QString serverFile()
     return dataFolder() + QStringLiteral("/servers.json");
 }
 
+QString fingerprintFile()
+{
+    return dataFolder() + QStringLiteral("/fingerprints.json");
+}
+
 void makeFolders()
 {
     for (const QString& path : {makerFolder(), messageFolder(), logFolder(), firmwareFolder()}) {

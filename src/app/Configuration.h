@@ -9,9 +9,10 @@ class QSettings;
 namespace Configuration
 {
 
-QString dataFolder(); ///< the program's folder in the generic data location
-QString configFile(); ///< config.ini
-QString serverFile(); ///< servers.json
+QString dataFolder();      ///< the program's folder in the generic data location
+QString configFile();      ///< config.ini
+QString serverFile();      ///< servers.json
+QString fingerprintFile(); ///< fingerprints.json, of the servers' certificates
 
 /// Makes the program's folders where they are missing. One that can't be made is not reported.
 void makeFolders();

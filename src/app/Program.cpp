@@ -97,6 +97,7 @@ Program::Program(const QStringList& arguments)
     Data::audioManager = &audioManager;
     Data::webView = &webView;
     joinProtocols();
+    Data::tcpClient.setFingerprintFile(Configuration::fingerprintFile());
     audioManager.join();
     joinView();
 }

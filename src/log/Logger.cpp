@@ -167,14 +167,21 @@ void Logger::flush()
     if (openBursts > 0) {
         return;
     }
-    std::fflush(stdout);
+    if (heldEchoes == 0) {
+        std::fflush(stdout);
+    }
     if (file && file->isOpen()) {
         file->flush(); // whoever follows the file sees the line, and no crash takes it away
     }
 }
 
+Logger::Burst::Burst(Logger& burstLogger, Held whatIsHeld) : logger(burstLogger), held(whatIsHeld)
+{
+    ++(held == Held::Everything ? logger.openBursts : logger.heldEchoes);
+}
+
 Logger::Burst::~Burst()
 {
-    --logger.openBursts;
+    --(held == Held::Everything ? logger.openBursts : logger.heldEchoes);
     logger.flush();
 }

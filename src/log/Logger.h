@@ -34,18 +34,24 @@ public:
     void message(const QByteArray& text, int level = 0);
     void message(const char* text, int level = 0);
 
-    /// Lines that are logged in one go, with nothing between them that could fail: they are flushed
-    /// once, behind the last.
+    /// What of the lines of a burst waits for its end.
+    enum class Held {
+        Everything, ///< lines logged in one go, with nothing between them that could fail
+        Echo,       ///< standard output; the file has each line at once, should the program fail
+    };
+
+    /// While it lives, lines aren't flushed one by one but behind the last.
     class Burst
     {
     public:
-        explicit Burst(Logger& burstLogger) : logger(burstLogger) { ++logger.openBursts; }
+        explicit Burst(Logger& burstLogger, Held whatIsHeld = Held::Everything);
         ~Burst();
         Burst(const Burst&) = delete;
         Burst& operator=(const Burst&) = delete;
 
     private:
         Logger& logger;
+        const Held held;
     };
 
     /// Whether a line of that level would be written; for texts that are dear to build.
@@ -71,6 +77,7 @@ private:
     const bool* debug = nullptr;
     QString date;
     int openBursts = 0;
+    int heldEchoes = 0;
 
     std::function<qint64()> clock;
 

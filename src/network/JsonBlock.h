@@ -14,6 +14,7 @@ struct JsonBlock {
     quint64 quotes = 0;
     quint64 backslashes = 0;
     quint64 brackets = 0; ///< of either kind, in strings too
+    quint64 commas = 0;   ///< in strings too
 
     /// Looks at `size` bytes.
     explicit JsonBlock(const char* text)
@@ -46,6 +47,7 @@ private:
         quotes |= equal(bytes, '"') << at;
         backslashes |= equal(bytes, '\\') << at;
         brackets |= (equal(folded, '{') | equal(folded, '}')) << at;
+        commas |= equal(bytes, ',') << at;
     }
     static quint64 equal(__m128i bytes, char byte)
     {
@@ -61,6 +63,7 @@ private:
         quotes |= static_cast<quint64>(*text == '"') << at;
         backslashes |= static_cast<quint64>(*text == '\\') << at;
         brackets |= static_cast<quint64>(folded == '{' || folded == '}') << at;
+        commas |= static_cast<quint64>(*text == ',') << at;
     }
 #endif
 };

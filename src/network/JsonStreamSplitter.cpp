@@ -5,6 +5,7 @@
 #include <QtAlgorithms>
 
 #include <array>
+#include <utility>
 
 namespace
 {
@@ -18,13 +19,26 @@ bool isWhiteSpace(char byte)
 constexpr std::array<bool, 256> structuralBytes()
 {
     std::array<bool, 256> result{};
-    for (const char byte : {'"', '{', '}', '[', ']'}) {
+    for (const char byte : {'"', '{', '}', '[', ']', ','}) {
         result[static_cast<unsigned char>(byte)] = true;
     }
     return result;
 }
 
 constexpr std::array<bool, 256> isStructural = structuralBytes();
+
+/// Whether a value in an array or object may end with that byte outside of strings, numbers and
+/// words left out.
+bool endsValue(char byte)
+{
+    return byte == '"' || byte == ']' || byte == '}';
+}
+
+/// Whether that byte can't stand behind a value in an array or object.
+bool startsWhatMayNotFollow(char byte)
+{
+    return !isWhiteSpace(byte) && byte != ',' && byte != ':' && byte != ']' && byte != '}';
+}
 
 } // namespace
 
@@ -35,17 +49,15 @@ JsonStreamSplitter::JsonStreamSplitter(int maximumObjectSize) : maximumSize(maxi
 void JsonStreamSplitter::clear()
 {
     buffer.clear();
-    start = scan = objectStart = 0;
+    found.clear();
+    start = scan = 0;
     enter(Place::Between);
 }
 
 void JsonStreamSplitter::feed(const QByteArray& bytes)
 {
-    // What has been used up goes away in large pieces, so that no byte is moved often.
-    if (start == buffer.size()) {
-        buffer.resize(0);
-        start = scan = 0;
-    } else if (start > buffer.size() / 2) {
+    // What is left is the part of one object that came with the last bytes: seldom much to move.
+    if (start > 0) {
         buffer.remove(0, start);
         scan -= start;
         start = 0;
@@ -53,67 +65,128 @@ void JsonStreamSplitter::feed(const QByteArray& bytes)
     buffer.append(bytes);
 }
 
-QByteArray JsonStreamSplitter::object() const
+QByteArray JsonStreamSplitter::takeObject()
 {
-    return QByteArray::fromRawData(buffer.constData() + objectStart, start - objectStart);
+    return std::exchange(found, {});
+}
+
+/// The bytes from `start` to `scan`. A large object takes the buffer with it and leaves the rest.
+QByteArray JsonStreamSplitter::cutOut()
+{
+    const int size = scan - start;
+    if (start > 0 || size < buffer.size() - size) {
+        const int begin = std::exchange(start, scan);
+        return buffer.mid(begin, size);
+    }
+    QByteArray rest = buffer.mid(size);
+    buffer.truncate(size);
+    start = scan = 0;
+    return std::exchange(buffer, std::move(rest));
 }
 
 JsonStreamSplitter::Found JsonStreamSplitter::next()
 {
     while (scan < buffer.size()) {
         if (place == Place::Between) {
-            const char byte = buffer.at(scan++);
-            start = scan - 1;
-            const Found found = leaveBetween(byte);
-            if (found != Found::Nothing) {
-                return found;
+            const Found what = leaveBetween(buffer.at(scan));
+            if (what != Found::Nothing) {
+                return what;
             }
             continue;
         }
-        const bool closed = scanNested();
-        if (place != Place::InObject) {
+        if (place == Place::InGarbage) {
+            skipGarbage();
             start = scan; // garbage isn't kept, so it may be of any size
             continue;
         }
+        const bool closed = scanObject();
         if (scan - start > maximumSize) {
             return Found::TooLarge;
         }
         if (closed) {
-            const bool dropped = tooDeep;
-            objectStart = start;
-            start = scan;
+            const Found what = judge();
             enter(Place::Between);
-            return dropped ? Found::TooDeep : Found::Object;
+            QByteArray text = cutOut();
+            found = what == Found::Object ? std::move(text) : QByteArray();
+            return what;
         }
-    }
-    if (place == Place::Between) {
-        start = scan;
     }
     return Found::Nothing;
 }
 
-JsonStreamSplitter::Found JsonStreamSplitter::leaveBetween(char byte)
+/// What becomes of the object that has just ended.
+JsonStreamSplitter::Found JsonStreamSplitter::judge() const
 {
-    if (isWhiteSpace(byte)) {
-        return Found::Nothing;
+    if (tooDeep) {
+        return Found::TooDeep;
     }
-    if (byte == '{') {
-        enter(Place::InObject);
-        takeBracket(byte);
-        return Found::Nothing;
-    }
-    enter(Place::InGarbage);
-    scan = start; // the first byte of garbage may be a bracket or a quote
-    return Found::Garbage;
+    return values > maximumValues ? Found::TooManyValues : Found::Object;
 }
 
-/// Goes on inside an object or garbage. True if the object has just ended.
-bool JsonStreamSplitter::scanNested()
+JsonStreamSplitter::Found JsonStreamSplitter::leaveBetween(char byte)
+{
+    start = scan;
+    if (isWhiteSpace(byte)) {
+        start = ++scan;
+    } else if (byte == '{') {
+        ++scan;
+        enter(Place::InObject);
+        countContainer(&byte);
+        takeBracket(byte);
+    } else {
+        enter(Place::InGarbage);
+        return Found::Garbage;
+    }
+    return Found::Nothing;
+}
+
+/// Goes on to the end of the garbage, which is the next object at the top level.
+void JsonStreamSplitter::skipGarbage()
+{
+    while (scan < buffer.size()) {
+        if (inString) {
+            skipString();
+            continue;
+        }
+        const char byte = buffer.at(scan);
+        if (takeGarbage(byte)) {
+            enter(Place::Between);
+            return;
+        }
+        ++scan;
+        if (!isWhiteSpace(byte)) {
+            lastGarbage = byte;
+        }
+    }
+}
+
+/// Looks at a byte of garbage outside of its strings. True if an object begins with it.
+bool JsonStreamSplitter::takeGarbage(char byte)
+{
+    if (!expected.empty() && endsValue(lastGarbage) && startsWhatMayNotFollow(byte)) {
+        expected.clear(); // no array goes on like that: it never was one
+        deeperLevels = 0;
+    }
+    const bool atTopLevel = expected.empty();
+    if (atTopLevel && byte == '{') {
+        return true;
+    }
+    if (byte == '"') {
+        // A quote in the middle of garbage is no more than that.
+        inString = !atTopLevel || lastGarbage == 0;
+    } else if (byte == '[' || byte == ']' || byte == '{' || byte == '}') {
+        takeBracket(byte);
+    }
+    return false;
+}
+
+/// Goes on inside an object. True if it has just ended.
+bool JsonStreamSplitter::scanObject()
 {
     const char* const data = buffer.constData();
     const int size = buffer.size();
     while (scan < size) {
-        if (place == Place::InObject && !escaped && size - scan >= JsonBlock::size) {
+        if (!escaped && size - scan >= JsonBlock::size) {
             const JsonBlock block(data + scan);
             if (block.backslashes == 0) {
                 if (takeBlock(block)) {
@@ -132,23 +205,34 @@ bool JsonStreamSplitter::scanNested()
         if (scan == size) {
             return false;
         }
-        const char byte = data[scan];
-        const bool atTopLevel = expected.empty();
-        if (place == Place::InGarbage && atTopLevel && byte == '{') {
-            enter(Place::Between);
-            return false;
-        }
-        ++scan;
+        const char byte = data[scan++];
         if (byte == '"') {
             inString = true;
             continue;
         }
+        if (byte == ',') {
+            ++values;
+            continue;
+        }
+        countContainer(data + scan - 1);
         takeBracket(byte);
-        if (place == Place::InObject && expected.empty()) {
+        if (expected.empty()) {
             return true;
         }
     }
     return false;
+}
+
+/// With one for each comma, an array or object has as many values as commas and one more, unless
+/// it is empty.
+void JsonStreamSplitter::countContainer(const char* bracket)
+{
+    const auto opens = [](char byte) { return byte == '[' || byte == '{'; };
+    if (opens(*bracket)) {
+        ++values;
+    } else if (opens(bracket[-1])) {
+        --values;
+    }
 }
 
 /// Goes over a block without escapes. True if the object has just ended in it.
@@ -158,12 +242,16 @@ bool JsonStreamSplitter::takeBlock(const JsonBlock& block)
     const quint64 strings = block.strings(inString);
     for (quint64 left = block.brackets & ~strings; left != 0; left &= left - 1) {
         const int at = static_cast<int>(qCountTrailingZeroBits(left));
+        countContainer(data + at);
         takeBracket(data[at]);
         if (expected.empty()) {
+            const quint64 upToEnd = (quint64(2) << at) - 1;
+            values += static_cast<int>(qPopulationCount(block.commas & ~strings & upToEnd));
             scan += at + 1;
             return true;
         }
     }
+    values += static_cast<int>(qPopulationCount(block.commas & ~strings));
     inString = strings >> (JsonBlock::size - 1) != 0;
     scan += JsonBlock::size;
     return false;
@@ -173,9 +261,9 @@ void JsonStreamSplitter::skipString()
 {
     const char* const data = buffer.constData();
     const int size = buffer.size();
-    // A string between objects is no part of any, so a quote that never closes must not swallow
-    // all that follows: a raw control character, which no string may hold, ends it too.
-    const bool endsAtControl = place == Place::InGarbage && expected.empty();
+    // Garbage is no part of any object, so a quote there that never closes must not swallow all
+    // that follows: a raw control character, which no string may hold, ends it too.
+    const bool endsAtControl = place == Place::InGarbage;
     int at = scan; // a local: the member would be stored again for each byte
     if (escaped && at < size) {
         ++at;
@@ -218,7 +306,9 @@ void JsonStreamSplitter::enter(Place next)
     place = next;
     inString = false;
     escaped = false;
+    lastGarbage = 0;
     expected.clear();
     deeperLevels = 0;
     tooDeep = false;
+    values = 0;
 }

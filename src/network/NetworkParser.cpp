@@ -1,11 +1,14 @@
 #include "network/NetworkParser.h"
 
-#include "app/Data.h"
+#include "log/Dropped.h"
 #include "log/Log.h"
 #include "network/Fields.h"
+#include "network/Redaction.h"
 
 #include <QJsonDocument>
+#include <QScopedValueRollback>
 #include <QStringBuilder>
+#include <QThread>
 
 #include <utility>
 
@@ -21,8 +24,32 @@ void log(const QString& text, int level = LogLevel::Always)
 void logDocument(const QJsonObject& message)
 {
     if (Log::isWritten(LogLevel::Debug)) {
-        Log::message(QJsonDocument(message).toJson(), LogLevel::Debug);
+        Log::message(redacted(QJsonDocument(message).toJson()), LogLevel::Debug);
     }
+}
+
+void drop(const QString& reason, const QJsonObject& message)
+{
+    if (Log::dropped(reason)) {
+        logDocument(message);
+    }
+}
+
+/// Whether a command only asks for what is there. What comes of such an answer is the console's
+/// own reading, whoever has asked: a list of units makes hundreds of questions.
+bool asksOnly(const QString& command)
+{
+    return command.startsWith(QLatin1String("get")) || command.startsWith(QLatin1String("list"));
+}
+
+QJsonObject withoutLongTexts(QJsonObject request)
+{
+    for (auto field = request.begin(); field != request.end();) {
+        const bool isLong =
+            field->isString() && field->toString().size() > NetworkParser::maximumRememberedText;
+        field = isLong ? request.erase(field) : field + 1;
+    }
+    return request;
 }
 
 } // namespace
@@ -47,11 +74,30 @@ void NetworkParser::setForbiddenHook(std::function<void()> hook)
     onForbidden = std::move(hook);
 }
 
-QByteArray NetworkParser::writeJson(int protocolId, int commandId, const QJsonObject& request)
+int NetworkParser::loopLevel()
 {
-    packets.emplace(orderCounter, PacketInfo{protocolId, commandId, request});
+    return QThread::currentThread()->loopLevel();
+}
+
+Cause NetworkParser::currentCause() const
+{
+    return handling && handling->loopLevel == loopLevel() ? handling->cause : Cause::Operator;
+}
+
+OutgoingMessage NetworkParser::writeJson(const Request& request)
+{
+    const NetworkProtocol& protocol = getProtocol(request.protocolId);
+    const QString& command = protocol.getNetworkCommand(request.commandId).getWireName();
+    QJsonObject message = request.fields;
+    message.insert(QStringLiteral("request"), protocol.getName());
+    message.insert(QStringLiteral("action"), command);
+    message.insert(QStringLiteral("order"), orderCounter);
+    const Cause replyCauses = asksOnly(command) ? Cause::Console : request.cause;
+    QByteArray text = QJsonDocument(message).toJson();
+    packets.emplace(orderCounter, PacketInfo{request.protocolId, request.commandId,
+                                             withoutLongTexts(std::move(message)), replyCauses});
     ++orderCounter;
-    return QJsonDocument(request).toJson();
+    return {std::move(text), protocol.getName(), command};
 }
 
 QByteArray NetworkParser::acknowledgement(int order)
@@ -67,24 +113,26 @@ void NetworkParser::reset()
     packets.clear();
 }
 
-void NetworkParser::parse(const QByteArray& text)
+IncomingMessage NetworkParser::read(const QByteArray& text)
 {
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
-    if (!document.isObject()) {
-        log(QStringLiteral("Dropped message of %1 bytes: %2")
-                .arg(text.size())
-                .arg(error.errorString()));
-        return;
+    if (document.isObject()) {
+        return {document.object(), {}};
     }
-    const QJsonObject message = document.object();
-    if (message.value(QLatin1String("request")).isString()) {
-        parsePush(message);
-    } else if (message.value(QLatin1String("response")).isString()) {
-        parseReply(message);
+    return {{}, QStringLiteral("%1 bytes: %2").arg(text.size()).arg(error.errorString())};
+}
+
+void NetworkParser::handle(const IncomingMessage& message)
+{
+    if (!message.problem.isEmpty()) {
+        Log::dropped(QStringLiteral("Dropped message of ") + message.problem);
+    } else if (message.object.value(QLatin1String("request")).isString()) {
+        parsePush(message.object);
+    } else if (message.object.value(QLatin1String("response")).isString()) {
+        parseReply(message.object);
     } else {
-        log(QStringLiteral("Dropped message: neither reply nor push"));
-        logDocument(message);
+        drop(QStringLiteral("Dropped message: neither reply nor push"), message.object);
     }
 }
 
@@ -96,6 +144,8 @@ void NetworkParser::parsePush(const QJsonObject& message)
     if (writeAcknowledgement) {
         writeAcknowledgement(acknowledgement(order));
     }
+    const QScopedValueRollback<std::optional<Handling>> running(
+        handling, Handling{Cause::Console, loopLevel()});
     if (handlePush) {
         handlePush(message);
     }
@@ -129,8 +179,7 @@ void NetworkParser::parseReply(QJsonObject message)
 {
     const std::optional<PacketInfo> packet = takePacket(message);
     if (!packet) {
-        log(QStringLiteral("Dropped reply: no request waits for it"));
-        logDocument(message);
+        drop(QStringLiteral("Dropped reply: no request waits for it"), message);
         return;
     }
     const NetworkProtocol& protocol = getProtocol(packet->protocolId);
@@ -138,12 +187,14 @@ void NetworkParser::parseReply(QJsonObject message)
     const QString response = message.value(QLatin1String("response")).toString();
     logReply(message, protocol.getName(), command.getName(), response);
     message.insert(QStringLiteral("requestReply"), packet->request);
+    const QScopedValueRollback<std::optional<Handling>> running(
+        handling, Handling{packet->replyCauses, loopLevel()});
     if (response == QLatin1String("forbidden") && protocol.getName() != QLatin1String("user") &&
         onForbidden) {
         onForbidden();
     }
     if (!command.hasFunction()) {
-        log(QStringLiteral("Dropped reply: the command has no handler"));
+        Log::dropped(QStringLiteral("Dropped reply: the command has no handler"));
         return;
     }
     command(message);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "network/NetworkProtocol.h"
+#include "network/OutgoingMessage.h"
 
 #include <QByteArray>
 #include <QJsonObject>
@@ -12,11 +13,30 @@
 #include <optional>
 #include <vector>
 
+/// What makes the console send: its operator and what follows from that, or its own reading of the
+/// installation (pushes, and the answers to what it asked), which mustn't keep an operator waiting.
+enum class Cause { Operator, Console };
+
+/// A request that is to be sent: the indexes of its command, and the command's own fields.
+struct Request {
+    int protocolId = 0;
+    int commandId = 0;
+    QJsonObject fields{};
+    Cause cause = Cause::Operator;
+};
+
 /// What is remembered of a sent request until its reply has come.
 struct PacketInfo {
     int protocolId = 0;
     int commandId = 0;
-    QJsonObject request;
+    QJsonObject request;                 ///< without long texts
+    Cause replyCauses = Cause::Operator; ///< what its reply's handler sends for
+};
+
+/// One object of the stream, read but not yet handled.
+struct IncomingMessage {
+    QJsonObject object;
+    QString problem; ///< why it is none; empty for an object
 };
 
 /// Numbers the outgoing requests, remembers them, tells replies from pushes, and gives each to its
@@ -52,15 +72,26 @@ public:
     /// Is called before the handler of a reply "forbidden" to any command but those of `user`.
     void setForbiddenHook(std::function<void()> hook);
 
-    /// Remembers a request, whose `order` is `orderCounter`, moves the counter on, and gives the
-    /// text to send.
-    QByteArray writeJson(int protocolId, int commandId, const QJsonObject& request);
+    /// What a request would be sent for now: that of the message whose handler is running, and the
+    /// operator outside of handlers, in an event loop that a handler runs too.
+    Cause currentCause() const;
+
+    /// A text of the request with more characters than this isn't remembered for `requestReply`: a
+    /// file that is sent would be kept in memory until the server has swallowed it.
+    static constexpr int maximumRememberedText = 16 * 1024;
+
+    /// Gives a request its names and the next `order`, remembers it, and gives what is to be sent.
+    OutgoingMessage writeJson(const Request& request);
     /// The text of the acknowledgement of a push.
     static QByteArray acknowledgement(int order);
 
+    /// Reads the text of one object. May be called in any thread.
+    static IncomingMessage read(const QByteArray& text);
     /// Handles one object of the stream. What is no object, neither reply nor push, or a reply to
-    /// nothing, changes nothing and is logged.
-    void parse(const QByteArray& text);
+    /// nothing, changes nothing and is told in the log.
+    void handle(const IncomingMessage& message);
+    /// Reads and handles one object.
+    void parse(const QByteArray& text) { handle(read(text)); }
 
     /// Forgets all requests and starts again at order 0.
     void reset();
@@ -74,11 +105,19 @@ private:
                   const QString& response) const;
     std::optional<PacketInfo> takePacket(const QJsonObject& message);
 
+    /// A handler that is running, and the event loop that it was called from.
+    struct Handling {
+        Cause cause;
+        int loopLevel;
+    };
+    static int loopLevel();
+
     std::vector<std::unique_ptr<NetworkProtocol>> protocols;
     QString protocolPrefix = QStringLiteral("request");
     QString commandPrefix = QStringLiteral("action");
     QString packetPrefix = QStringLiteral("order");
     std::map<int, PacketInfo> packets;
+    std::optional<Handling> handling;
     std::function<void(const QByteArray&)> writeAcknowledgement;
     Hook handlePush;
     std::function<void()> onForbidden;

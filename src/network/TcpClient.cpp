@@ -1,13 +1,13 @@
 #include "network/TcpClient.h"
 
-#include "app/Data.h"
 #include "log/Log.h"
-#include "network/NetworkParser.h"
+#include "network/Redaction.h"
 
+#include <QCryptographicHash>
 #include <QHostAddress>
-#include <QJsonDocument>
-#include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <QSslCertificate>
+#include <QSslCipher>
 #include <QSslError>
 #include <QSslSocket>
 
@@ -17,11 +17,21 @@ namespace
 constexpr int firstTickMilliseconds = 100;
 constexpr int tickMilliseconds = 10;
 
+void logErrors(const QList<QSslError>& errors)
+{
+    Log::message(QStringLiteral("SSL error count ") + QString::number(errors.size()));
+    for (int index = 0; index < errors.size(); ++index) {
+        Log::message(QString::number(index) + QStringLiteral(". ") +
+                     errors.at(index).errorString());
+    }
+}
+
 } // namespace
 
 TcpClient::TcpClient(int maximumObjectSize) : splitter(maximumObjectSize)
 {
     connect(&writeTimer, &QTimer::timeout, this, &TcpClient::writeMessage);
+    readers.setMaxThreadCount(1); // one after another, as they came
 }
 
 TcpClient::~TcpClient() = default;
@@ -35,6 +45,11 @@ void TcpClient::addParser(NetworkParser* messageParser)
 void TcpClient::setSessionEndHook(std::function<void()> hook)
 {
     onSessionEnd = std::move(hook);
+}
+
+void TcpClient::setCloseHook(std::function<void()> hook)
+{
+    onClose = std::move(hook);
 }
 
 void TcpClient::setReadHook(std::function<void(bool)> hook)
@@ -61,11 +76,14 @@ bool TcpClient::connectToServer(const QString& host, int port)
     peerWatch.watch(socket.get());
     connect(socket.get(), &QSslSocket::readyRead, this, &TcpClient::readMessage);
     connect(socket.get(), &QSslSocket::disconnected, this, &TcpClient::exit);
+    connect(socket.get(), &QSslSocket::errorOccurred, socket.get(), [ssl = socket.get()] {
+        Log::message(QStringLiteral("Connection: ") + ssl->errorString());
+    });
     if (socket->bytesAvailable() > 0) {
-        // Came along with the handshake, before anybody listened for it.
-        QMetaObject::invokeMethod(this, &TcpClient::readMessage, Qt::QueuedConnection);
+        scheduleReading(); // came along with the handshake, before anybody listened for it
     }
     Log::message("Connection success");
+    meetPeer(host, port);
     writeTimer.start(firstTickMilliseconds);
     return true;
 }
@@ -77,12 +95,7 @@ bool TcpClient::waitForConnection(const QString& host, int port)
                                        QAbstractSocket::AnyIPProtocol);
     }
     if (!socket->waitForEncrypted(encryptedTimeoutMilliseconds)) {
-        const QList<QSslError> errors = socket->sslHandshakeErrors();
-        Log::message(QStringLiteral("SSL error count ") + QString::number(errors.size()));
-        for (int index = 0; index < errors.size(); ++index) {
-            Log::message(QString::number(index) + QStringLiteral(". ") +
-                         errors.at(index).errorString());
-        }
+        logErrors(socket->sslHandshakeErrors());
         Log::message(socket->errorString());
         socket->abort();
         return false;
@@ -96,7 +109,23 @@ bool TcpClient::waitForConnection(const QString& host, int port)
 
 void TcpClient::handshake()
 {
+    const Logger::Burst burst(Log::logger());
     Log::message("Handshake success");
+    Log::message(QStringLiteral("Cipher: ") + socket->sessionCipher().name() +
+                 QStringLiteral(", ") + socket->sessionCipher().protocolString());
+    logErrors(socket->sslHandshakeErrors()); // not judged, but told
+}
+
+/// The certificate isn't judged, but whoever wants to know can see whether it is that of last time.
+void TcpClient::meetPeer(const QString& host, int port)
+{
+    const QByteArray fingerprint =
+        socket->peerCertificate().digest(QCryptographicHash::Sha256).toHex(':');
+    peerChanged = knownPeers.meet(host, port, fingerprint) == KnownPeers::Met::Changed;
+    Log::message("Server certificate SHA-256: " + fingerprint);
+    if (peerChanged) {
+        Log::message("Server certificate is another than last time");
+    }
 }
 
 int TcpClient::getLocalPort() const
@@ -104,18 +133,39 @@ int TcpClient::getLocalPort() const
     return socket ? socket->localPort() : 0;
 }
 
-void TcpClient::write(const QByteArray& message)
+void TcpClient::write(const OutgoingMessage& message)
 {
-    messages.append(message);
     if (Log::isWritten(LogLevel::Debug)) {
-        Log::message("Quered message: " + message, LogLevel::Debug);
+        Log::message("Quered message: " + redacted(message.text), LogLevel::Debug);
     }
+    messages.push_back(message);
     scheduleWriting();
+}
+
+void TcpClient::request(int protocolId, int commandId, const QJsonObject& fields)
+{
+    const Request request{protocolId, commandId, fields, parser->currentCause()};
+    if (socket && request.cause == Cause::Console) {
+        waiting.push_back(request);
+        scheduleWriting();
+    } else {
+        write(parser->writeJson(request));
+    }
+}
+
+QVector<QByteArray> TcpClient::queuedMessages() const
+{
+    QVector<QByteArray> texts;
+    for (const OutgoingMessage& message : messages) {
+        texts.append(message.text);
+    }
+    return texts;
 }
 
 void TcpClient::scheduleWriting()
 {
-    if (!writingScheduled && !reading) {
+    // What a handler writes leaves right behind it; this is for an event loop that it may run.
+    if (!writingScheduled) {
         writingScheduled = true;
         QMetaObject::invokeMethod(
             this,
@@ -127,97 +177,187 @@ void TcpClient::scheduleWriting()
     }
 }
 
+bool TcpClient::enterWaiting()
+{
+    if (waiting.empty()) {
+        return false;
+    }
+    const Request request = std::move(waiting.front());
+    waiting.pop_front();
+    write(parser->writeJson(request));
+    return true;
+}
+
 void TcpClient::writeMessage()
 {
-    const bool connected = socket && socket->isEncrypted();
-    while (connected && !messages.isEmpty() && waitingAnswers == 0) {
-        send(messages.takeFirst());
+    // Asked each time: a write may find that the connection has gone.
+    const auto connected = [this] { return socket && socket->isEncrypted(); };
+    while (connected() && waitingAnswers == 0 && (!messages.empty() || enterWaiting())) {
+        const OutgoingMessage message = std::move(messages.front());
+        messages.pop_front();
+        send(message);
     }
-    if (messages.isEmpty() || !connected) {
+    if (!connected() || (messages.empty() && waiting.empty())) {
         writeTimer.stop();
     } else {
         writeTimer.start(tickMilliseconds);
     }
 }
 
-void TcpClient::send(const QByteArray& text)
+void TcpClient::send(const OutgoingMessage& message)
 {
-    socket->write(text);
+    const QScopedValueRollback<bool> inSend(sending, true);
+    waitingAnswers += message.expectsAnswer ? 1 : 0;
+    socket->write(message.text);
     socket->flush();
     peerWatch.dataWritten();
-    // Looked at and logged while the message is on its way: the server needn't wait for that.
-    if (logSent(text)) {
-        ++waitingAnswers;
+    logSent(message); // while it is on its way: the server needn't wait for that
+}
+
+void TcpClient::logSent(const OutgoingMessage& message)
+{
+    const Logger::Burst burst(Log::logger());
+    Log::message(QStringLiteral("Output message: "));
+    if (message.expectsAnswer) {
+        Log::message(QStringLiteral("Protocol: ") + message.protocol);
+        Log::message(QStringLiteral("Command: ") + message.command);
+    }
+    if (Log::isWritten(LogLevel::Debug)) {
+        Log::message(redacted(message.text), LogLevel::Debug);
+        if (message.expectsAnswer) {
+            Log::message("Waiting for answer", LogLevel::Debug);
+        }
     }
 }
 
-bool TcpClient::logSent(const QByteArray& text)
+void TcpClient::scheduleReading()
 {
-    const QJsonObject message = QJsonDocument::fromJson(text).object();
-    const bool expectsAnswer = message.value(QLatin1String("request")).isString();
-    const Logger::Burst burst(Log::logger());
-    Log::message(QStringLiteral("Output message: "));
-    if (expectsAnswer) {
-        Log::message(QStringLiteral("Protocol: ") +
-                     message.value(QLatin1String("request")).toString());
-        Log::message(QStringLiteral("Command: ") +
-                     message.value(QLatin1String("action")).toString());
-    }
-    Log::message(text, LogLevel::Debug);
-    if (expectsAnswer) {
-        Log::message("Waiting for answer", LogLevel::Debug);
-    }
-    return expectsAnswer;
+    QMetaObject::invokeMethod(this, &TcpClient::readMessage, Qt::QueuedConnection);
 }
 
 void TcpClient::readMessage()
 {
-    if (!socket) {
+    if (!socket || reading || isReadingAside) {
+        return; // whoever reads takes up what has arrived
+    }
+    if (sending) {
+        scheduleReading(); // the socket tells of it from within the write
         return;
     }
-    const int connection = connectionCount;
-    // What the handlers write leaves right after them; nobody else needs to be called for it.
     const QScopedValueRollback<bool> inRead(reading, true);
+    gatherLog();
     if (onRead) {
         onRead(true);
     }
-    const auto tellEnd = qScopeGuard([this] {
-        if (onRead) {
-            onRead(false);
-        }
-    });
-    splitter.feed(socket->readAll());
-    for (;;) {
-        switch (splitter.next()) {
-        case JsonStreamSplitter::Found::Nothing:
-            return;
-        case JsonStreamSplitter::Found::Object:
-            received(splitter.object());
-            break;
-        case JsonStreamSplitter::Found::Garbage:
-            Log::message("Dropped what is no object in the stream");
-            break;
-        case JsonStreamSplitter::Found::TooDeep:
-            Log::message("Dropped message: nested too deeply");
-            releaseQueue();
-            break;
-        case JsonStreamSplitter::Found::TooLarge:
-            Log::message("Message too large, connection closed");
-            exit();
-            return;
-        }
+    readObjects();
+    if (onRead) {
+        onRead(false);
+    }
+}
+
+/// The socket hands a large read over in small pieces; the event loop comes round behind them all.
+void TcpClient::gatherLog()
+{
+    if (!gathered) {
+        gathered.emplace();
+        QMetaObject::invokeMethod(
+            this, [this] { gathered.reset(); }, Qt::QueuedConnection);
+    }
+}
+
+void TcpClient::readObjects()
+{
+    const int connection = connectionCount;
+    QElapsedTimer turn;
+    turn.start();
+    while (handleNext()) {
+        // What the handler has caused leaves at once; nobody else needs to be called for it.
         writeMessage();
-        if (connection != connectionCount) {
-            return; // the session has ended in a handler; what follows belonged to it
+        const bool replaced = connection != connectionCount;
+        if (replaced || turn.hasExpired(readingTurnMilliseconds)) {
+            // What follows belonged to the session that ended, but the next may have begun.
+            scheduleReading();
+            return;
         }
+    }
+}
+
+/// Handles what comes next in the stream, if there is anything.
+bool TcpClient::handleNext()
+{
+    if (readObject) {
+        parser->handle(*std::exchange(readObject, {}));
+        return true;
+    }
+    while (!isReadingAside) {
+        const JsonStreamSplitter::Found found = splitter.next();
+        if (found != JsonStreamSplitter::Found::Nothing) {
+            take(found);
+            return true;
+        }
+        if (socket->bytesAvailable() == 0) {
+            return false;
+        }
+        splitter.feed(socket->readAll());
+    }
+    return false;
+}
+
+void TcpClient::take(JsonStreamSplitter::Found found)
+{
+    switch (found) {
+    case JsonStreamSplitter::Found::Object:
+        received(splitter.takeObject());
+        break;
+    case JsonStreamSplitter::Found::Garbage:
+        Log::dropped(QStringLiteral("Dropped what is no object in the stream"));
+        break;
+    case JsonStreamSplitter::Found::TooDeep:
+        Log::dropped(QStringLiteral("Dropped message: nested too deeply"));
+        releaseQueue();
+        break;
+    case JsonStreamSplitter::Found::TooManyValues:
+        Log::dropped(QStringLiteral("Dropped message: too many values"));
+        releaseQueue();
+        break;
+    case JsonStreamSplitter::Found::TooLarge:
+        Log::message("Message too large, connection closed");
+        exit();
+        break;
+    case JsonStreamSplitter::Found::Nothing:
+        break;
     }
 }
 
 void TcpClient::received(const QByteArray& text)
 {
     releaseQueue();
-    if (parser) {
+    if (!parser) {
+        return;
+    }
+    if (text.size() > largeObjectSize) {
+        readAside(text);
+    } else {
         parser->parse(text);
+    }
+}
+
+void TcpClient::readAside(const QByteArray& text)
+{
+    isReadingAside = true;
+    readers.start([this, text, connection = connectionCount] {
+        const IncomingMessage message = NetworkParser::read(text);
+        QMetaObject::invokeMethod(
+            this, [=] { readingAsideEnded(connection, message); }, Qt::QueuedConnection);
+    });
+}
+
+void TcpClient::readingAsideEnded(int connection, const IncomingMessage& message)
+{
+    if (connection == connectionCount) {
+        isReadingAside = false;
+        readObject = message;
+        readMessage();
     }
 }
 
@@ -230,10 +370,16 @@ void TcpClient::close()
 {
     ++connectionCount;
     messages.clear();
+    waiting.clear();
     splitter.clear();
+    isReadingAside = false;
+    readObject.reset();
     waitingAnswers = 0;
     writeTimer.stop();
     peerWatch.stop();
+    if (onClose) {
+        onClose();
+    }
     if (!socket) {
         return;
     }
@@ -245,7 +391,6 @@ void TcpClient::close()
 
 void TcpClient::exit()
 {
-    Data::localPort = 0;
     close();
     if (parser) {
         parser->reset();

@@ -1,6 +1,7 @@
 #include "protocol/DeviceMemory.h"
 
 #include "app/Data.h"
+#include "log/Dropped.h"
 #include "log/Log.h"
 #include "model/Device.h"
 #include "model/DeviceMemory.h"
@@ -57,14 +58,14 @@ void takeList(const QJsonObject& reply, QVector<Entry>& entries, void (*forget)(
     const auto list = Fields::array(reply, "list");
     const Device* const device = DeviceState::requested(reply);
     if (!succeeded(reply) || !list || !device) {
-        Log::message("Ignored list of a unit's memory");
+        Log::dropped(QStringLiteral("Ignored list of a unit's memory"));
         return;
     }
     forget(device->getId());
     for (const QJsonValue& element : *list) {
         const auto entry = read(device->getId(), element.toObject());
         if (!entry) {
-            Log::message("Dropped entry of a unit's memory");
+            Log::dropped(QStringLiteral("Dropped entry of a unit's memory"));
             continue;
         }
         entries.append(*entry);
@@ -91,7 +92,7 @@ void started(const QJsonObject& reply, PlaybackCategory::Number category)
     const auto groupId = Fields::integer(reply, "playbackGroupId");
     const auto position = Fields::integer(request(reply), "position");
     if (!device || !groupId || !position) {
-        Log::message("Ignored start from memory");
+        Log::dropped(QStringLiteral("Ignored start from memory"));
         return;
     }
     const bool isMessage = category == PlaybackCategory::MemoryMessage;
@@ -112,7 +113,7 @@ void takeGroup(const QJsonObject& group)
     const auto devices = Fields::array(group, "devices");
     const bool isMessage = type == QStringLiteral("message");
     if (!id || !reported || !devices || (!isMessage && type != QStringLiteral("scenario"))) {
-        Log::message("Dropped group of playbacks from memory");
+        Log::dropped(QStringLiteral("Dropped group of playbacks from memory"));
         return;
     }
     const int position = qMax(*reported, 0);
@@ -120,7 +121,8 @@ void takeGroup(const QJsonObject& group)
         const auto deviceId = Fields::integer(value);
         Device* const device = deviceId ? Data::getDeviceById(*deviceId) : nullptr;
         if (!device) {
-            Log::message("Dropped unknown unit of a group of playbacks from memory");
+            Log::dropped(
+                QStringLiteral("Dropped unknown unit of a group of playbacks from memory"));
             continue;
         }
         device->setPlaybackGroupId(*id);
@@ -162,7 +164,7 @@ void protocolDeviceCommandGetPlays(const QJsonObject& reply)
     Log::message("Get play message");
     const auto groups = Fields::array(reply, "playbackGroups");
     if (!succeeded(reply) || !groups) {
-        Log::message("Ignored playbacks from memory: no list of groups");
+        Log::dropped(QStringLiteral("Ignored playbacks from memory: no list of groups"));
         return;
     }
     for (const QJsonValue& group : *groups) {

@@ -1,7 +1,7 @@
 #include "protocol/DeviceState.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "model/DeviceWords.h"
 #include "model/ModelList.h"
 #include "network/Fields.h"
@@ -97,7 +97,7 @@ Device* requested(const QJsonObject& reply)
     const auto id = Fields::integer(request(reply), "id");
     Device* const device = id ? Data::getDeviceById(*id) : nullptr;
     if (!device) {
-        Log::message(QStringLiteral("Ignored reply: unknown device %1").arg(id.value_or(0)));
+        Log::dropped(QStringLiteral("Ignored reply: unknown device %1").arg(id.value_or(0)));
     }
     return device;
 }

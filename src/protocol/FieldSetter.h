@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "model/Words.h"
 #include "network/Fields.h"
 
@@ -56,7 +56,7 @@ public:
     /// Says that a field, or an element of one, was left out.
     void logIgnored(const char* field) const
     {
-        Log::message(QStringLiteral("Ignored field %1 of %2 %3")
+        Log::dropped(QStringLiteral("Ignored field %1 of %2 %3")
                          .arg(QLatin1String(field), QLatin1String(messageName),
                               QString::number(target.getId())));
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Data.h"
+#include "log/Dropped.h"
 #include "log/Log.h"
 #include "model/ModelList.h"
 #include "network/Fields.h"
@@ -24,7 +25,7 @@ inline QVector<NamedEntry> namedEntries(const QJsonArray& elements, const char* 
         if (const auto name = Fields::text(fields, "name")) {
             result.append({*name, fields});
         } else {
-            Log::message(QStringLiteral("Dropped %1 of the list: no name").arg(what));
+            Log::dropped(QStringLiteral("Dropped %1 of the list: no name").arg(what));
         }
     }
     return result;

@@ -1,7 +1,7 @@
 #include "protocol/PlaybackLibrary.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "model/ModelList.h"
 #include "model/Playlist.h"
 #include "model/Track.h"
@@ -55,7 +55,7 @@ template <class Item> QSet<int> takeElements(ModelList<Item>& list, const QJsonA
         const QJsonObject element = value.toObject();
         const auto id = Fields::integer(element, "id");
         if (!id) {
-            Log::message("Dropped element of the library: no id");
+            Log::dropped(QStringLiteral("Dropped element of the library: no id"));
             continue;
         }
         if (std::is_same_v<Item, Playlist> && *id == Playlist::recordingRoot) {
@@ -110,7 +110,7 @@ void removePlaylistsExcept(const QSet<int>& named)
 
 void logUnknown(const char* what, const std::optional<int>& id)
 {
-    Log::message(QStringLiteral("Ignored removal: unknown %1 %2")
+    Log::dropped(QStringLiteral("Ignored removal: unknown %1 %2")
                      .arg(QLatin1String(what))
                      .arg(id.value_or(0)));
 }
@@ -125,12 +125,12 @@ void protocolPlaybackCommandList(const QJsonObject& reply)
     if (const auto playlists = Fields::array(reply, "playlists")) {
         removePlaylistsExcept(takeElements(Data::playlistList, *playlists));
     } else {
-        Log::message("Ignored playlists: no list");
+        Log::dropped(QStringLiteral("Ignored playlists: no list"));
     }
     if (const auto tracks = Fields::array(reply, "tracks")) {
         takeElements(Data::trackList, *tracks);
     } else {
-        Log::message("Ignored tracks: no list");
+        Log::dropped(QStringLiteral("Ignored tracks: no list"));
     }
 }
 

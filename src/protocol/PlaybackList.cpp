@@ -1,7 +1,7 @@
 #include "protocol/PlaybackList.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "model/Device.h"
 #include "model/Library.h"
 #include "model/ModelList.h"
@@ -97,7 +97,7 @@ void protocolPlaybackCommandGetPlays(const QJsonObject& reply)
 {
     const auto elements = Fields::array(reply, "list");
     if (!succeeded(reply) || !elements) {
-        Log::message("Ignored getPlays: no list of playbacks");
+        Log::dropped(QStringLiteral("Ignored getPlays: no list of playbacks"));
         return;
     }
     QSet<int> named;
@@ -107,7 +107,7 @@ void protocolPlaybackCommandGetPlays(const QJsonObject& reply)
             named.insert(*id);
             takePlayback(*id, element);
         } else {
-            Log::message("Dropped playback of getPlays: no id");
+            Log::dropped(QStringLiteral("Dropped playback of getPlays: no id"));
         }
     }
     finishExcept(named);

@@ -1,7 +1,7 @@
 #include "protocol/PlaybackState.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Playback.h"
@@ -16,7 +16,7 @@ Playback* named(const QJsonObject& message, const char* field)
     const auto id = Fields::integer(message, field);
     Playback* const playback = id ? Data::getPlaybackById(*id) : nullptr;
     if (!playback) {
-        Log::message(QStringLiteral("Ignored message: unknown playback %1").arg(id.value_or(0)));
+        Log::dropped(QStringLiteral("Ignored message: unknown playback %1").arg(id.value_or(0)));
     }
     return playback;
 }
@@ -36,7 +36,7 @@ QVector<int> readActiveDevices(const QJsonObject& message)
         if (const auto id = Fields::integer(element)) {
             result.append(*id);
         } else {
-            Log::message("Dropped unit of a playback: no id");
+            Log::dropped(QStringLiteral("Dropped unit of a playback: no id"));
         }
     }
     return result;

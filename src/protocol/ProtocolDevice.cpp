@@ -1,6 +1,7 @@
 #include "protocol/ProtocolDevice.h"
 
 #include "app/Data.h"
+#include "log/Dropped.h"
 #include "log/Log.h"
 #include "model/Device.h"
 #include "model/DeviceWords.h"
@@ -135,14 +136,14 @@ void protocolDeviceCommandGetDevices(const QJsonObject& reply)
 {
     const auto elements = Fields::array(reply, "devices");
     if (!succeeded(reply) || !elements) {
-        Log::message("Ignored getDevices: no list of units");
+        Log::dropped(QStringLiteral("Ignored getDevices: no list of units"));
         return;
     }
     for (const QJsonValue& value : *elements) {
         const QJsonObject element = value.toObject();
         const auto id = Fields::integer(element, "id");
         if (!id) {
-            Log::message("Dropped unit of getDevices: no id");
+            Log::dropped(QStringLiteral("Dropped unit of getDevices: no id"));
         } else if (Device* const known = Data::getDeviceById(*id)) {
             refreshDevice(*known, element);
         } else {

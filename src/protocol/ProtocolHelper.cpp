@@ -1,7 +1,7 @@
 #include "protocol/ProtocolHelper.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "model/ServerSettings.h"
 #include "network/Fields.h"
 #include "protocol/Commands.h"
@@ -64,7 +64,7 @@ void protocolHelperCommandGetDateTime(const QJsonObject& reply)
     const auto time = Fields::text(reply, "utcTime");
     const auto hours = Fields::integer(reply, "timezone");
     if (!date || !time || !hours) {
-        Log::message("Dropped server time: not a date, a time and a time zone");
+        Log::dropped(QStringLiteral("Dropped server time: not a date, a time and a time zone"));
         return;
     }
     Page::call("wrapperInput_global_setTime", *date + QLatin1Char(' ') + *time, *hours);

@@ -1,6 +1,7 @@
 #include "protocol/ProtocolPlayback.h"
 
 #include "app/Data.h"
+#include "log/Dropped.h"
 #include "log/Log.h"
 #include "model/Device.h"
 #include "model/Library.h"
@@ -138,7 +139,7 @@ void protocolPlaybackCommandPlay(const QJsonObject& reply)
     }
     const auto id = Fields::integer(reply, "playbackId");
     if (!id) {
-        Log::message("Ignored start: no playback");
+        Log::dropped(QStringLiteral("Ignored start: no playback"));
         return;
     }
     Playback* const known = Data::getPlaybackById(*id);

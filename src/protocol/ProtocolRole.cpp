@@ -1,6 +1,7 @@
 #include "protocol/ProtocolRole.h"
 
 #include "app/Data.h"
+#include "log/Dropped.h"
 #include "log/Log.h"
 #include "model/ModelList.h"
 #include "model/Role.h"
@@ -90,7 +91,7 @@ Role* requestedRole(const QJsonObject& reply)
     const QString name = Fields::text(request(reply), "name").value_or(QString());
     Role* const role = Data::getRoleByName(name);
     if (!role) {
-        Log::message(QStringLiteral("Ignored reply: unknown role ") + name);
+        Log::dropped(QStringLiteral("Ignored reply: unknown role ") + name);
     }
     return role;
 }
@@ -99,7 +100,7 @@ void takeUsers(Role& role, const QJsonObject& entry)
 {
     const auto users = Fields::array(entry, "users");
     if (!users) {
-        Log::message("Ignored users of a role: no list");
+        Log::dropped(QStringLiteral("Ignored users of a role: no list"));
         return;
     }
     for (const NamedEntry& user : namedEntries(*users, "role's user")) {
@@ -131,7 +132,7 @@ void setRoleOfUser(const QJsonObject& asked, const QString& role)
     if (User* const user = Data::getUserByName(name)) {
         user->setRole(role);
     } else {
-        Log::message(QStringLiteral("Ignored reply: unknown user ") + name);
+        Log::dropped(QStringLiteral("Ignored reply: unknown user ") + name);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "protocol/ProtocolUser.h"
 
 #include "app/Data.h"
+#include "log/Dropped.h"
 #include "log/Log.h"
 #include "model/ModelList.h"
 #include "model/Role.h"
@@ -133,7 +134,7 @@ void protocolUserCommandLogin(const QJsonObject& reply)
         if (const auto version = Fields::integer(reply, "version")) {
             Page::call("modalLoginVersionError", Data::apiVersion, *version);
         } else {
-            Log::message("Dropped refused login: no version");
+            Log::dropped(QStringLiteral("Dropped refused login: no version"));
         }
     }
 }
@@ -167,7 +168,7 @@ void protocolUserCommandGetInfo(const QJsonObject& reply)
     const auto name = Fields::text(reply, "name");
     const auto title = Fields::text(reply, "title");
     if (!name || !title) {
-        Log::message("Dropped user information: no name or title");
+        Log::dropped(QStringLiteral("Dropped user information: no name or title"));
         return;
     }
     if (User* const current = Data::getCurrentUser()) {

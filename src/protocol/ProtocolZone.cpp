@@ -1,7 +1,7 @@
 #include "protocol/ProtocolZone.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Role.h"
@@ -69,7 +69,7 @@ Zone* requestedZone(const QJsonObject& reply)
     const auto id = Fields::integer(request(reply), "id");
     Zone* const zone = id ? Data::getZoneById(*id) : nullptr;
     if (!zone) {
-        Log::message(QStringLiteral("Ignored reply: unknown zone %1").arg(id.value_or(0)));
+        Log::dropped(QStringLiteral("Ignored reply: unknown zone %1").arg(id.value_or(0)));
     }
     return zone;
 }
@@ -141,7 +141,7 @@ void protocolZoneCommandAdd(const QJsonObject& reply)
     }
     const auto id = Fields::integer(reply, "newId");
     if (!id || Data::getZoneById(*id)) {
-        Log::message("Ignored new zone: no id, or known already");
+        Log::dropped(QStringLiteral("Ignored new zone: no id, or known already"));
         return;
     }
     auto made = std::make_unique<Zone>();
@@ -211,7 +211,7 @@ void protocolZoneCommandIncludeDevice(const QJsonObject& reply)
     if (zone && device) {
         ZoneMembership::include(*zone, *device);
     } else {
-        Log::message("Ignored inclusion: the zone or the unit has gone");
+        Log::dropped(QStringLiteral("Ignored inclusion: the zone or the unit has gone"));
     }
 }
 

@@ -34,4 +34,5 @@ void joinProtocols()
     parser.setPushHandler(routePush);
     parser.setForbiddenHook([] { send(UserCommand::GetInfo); });
     Data::tcpClient.addParser(&parser);
+    Data::tcpClient.setCloseHook([] { Data::localPort = 0; });
 }

@@ -1,7 +1,7 @@
 #include "protocol/Redirection.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Words.h"
@@ -41,7 +41,7 @@ void markRedirection(const QJsonObject& redirection)
     for (const QJsonValue& element : devices) {
         const auto id = Fields::integer(element);
         if (!id) {
-            Log::message("Ignored unit of a redirection: no id");
+            Log::dropped(QStringLiteral("Ignored unit of a redirection: no id"));
         } else if (Device* const device = Data::getDeviceById(*id)) {
             mark(*device, *category);
         }

@@ -4,11 +4,12 @@
 
 #include <QJsonObject>
 
-/// Sends one request, and remembers it for its reply: `fields` are the command's own, the names of
-/// protocol and command and the `order` are put in here.
-void sendRequest(ProtocolId protocol, int command, QJsonObject fields);
+/// Sends one request, and remembers it for its reply: `fields` are the command's own, its names and
+/// the `order` are put in on the way.
+void sendRequest(ProtocolId protocol, int command, const QJsonObject& fields);
 
 /// The one way to the server: `send(DeviceCommand::SetVolume, {{"id", id}, {"volume", volume}})`.
+/// What an operator does, and what its reply causes, goes ahead of the console's own reading.
 template <class Command> void send(Command command, const QJsonObject& fields = {})
 {
     sendRequest(protocolOf(command), static_cast<int>(command), fields);

@@ -1,7 +1,7 @@
 #include "protocol/RoleAccess.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "model/RoleLists.h"
 #include "network/Fields.h"
 #include "page/ScriptCall.h"
@@ -36,7 +36,7 @@ bool fillList(Role& role, const QJsonObject& source, const RoleList& list)
 {
     const auto elements = Fields::array(source, list.field);
     if (!elements) {
-        Log::message(QStringLiteral("Ignored list of a role: no ") + QLatin1String(list.field));
+        Log::dropped(QStringLiteral("Ignored list of a role: no ") + QLatin1String(list.field));
         return false;
     }
     Page::call(list.clearScript, role.getId());
@@ -47,7 +47,7 @@ bool fillList(Role& role, const QJsonObject& source, const RoleList& list)
         const auto id = element.isObject() ? Fields::integer(element.toObject(), "id")
                                            : Fields::integer(element);
         if (!id) {
-            Log::message(QStringLiteral("Dropped element of a role's ") +
+            Log::dropped(QStringLiteral("Dropped element of a role's ") +
                          QLatin1String(list.field));
             continue;
         }

@@ -1,6 +1,7 @@
 #include "protocol/RoleRights.h"
 
 #include "app/Data.h"
+#include "log/Dropped.h"
 #include "model/Role.h"
 #include "model/RoleLists.h"
 #include "page/ScriptCall.h"
@@ -97,7 +98,7 @@ Role* roleOfReply(const QJsonObject& reply)
     const auto name = Fields::text(request(reply), "role");
     Role* const role = name ? Data::getRoleByName(*name) : Data::getCurrentRole();
     if (!role) {
-        Log::message(QStringLiteral("Ignored reply: unknown role ") + name.value_or(QString()));
+        Log::dropped(QStringLiteral("Ignored reply: unknown role ") + name.value_or(QString()));
     }
     return role;
 }

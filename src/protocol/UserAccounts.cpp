@@ -1,7 +1,7 @@
 #include "protocol/UserAccounts.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "model/ModelList.h"
 #include "model/Role.h"
 #include "model/User.h"
@@ -34,7 +34,7 @@ User* requestedUser(const QJsonObject& reply)
     const QString name = Fields::text(request(reply), "name").value_or(QString());
     User* const user = Data::getUserByName(name);
     if (!user) {
-        Log::message(QStringLiteral("Ignored reply: unknown user ") + name);
+        Log::dropped(QStringLiteral("Ignored reply: unknown user ") + name);
     }
     return user;
 }
@@ -79,7 +79,7 @@ void storeValue(const QJsonObject& reply, const QJsonObject& source)
     if (key && value && user) {
         user->setValue(*key, *value);
     } else {
-        Log::message("Ignored value of the user: no key, value or user");
+        Log::dropped(QStringLiteral("Ignored value of the user: no key, value or user"));
     }
 }
 

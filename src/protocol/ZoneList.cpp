@@ -1,6 +1,7 @@
 #include "protocol/ZoneList.h"
 
 #include "app/Data.h"
+#include "log/Dropped.h"
 #include "log/Log.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
@@ -62,11 +63,11 @@ ZoneEntries readZones(const QJsonArray& elements)
     for (const QJsonValue& element : elements) {
         const auto entry = readZone(element.toObject());
         if (!entry) {
-            Log::message("Dropped zone of the list: no id");
+            Log::dropped(QStringLiteral("Dropped zone of the list: no id"));
             continue;
         }
         if (!entry->title || !entry->type || !entry->parent) {
-            Log::message(QStringLiteral("Ignored fields of zone %1").arg(entry->id));
+            Log::dropped(QStringLiteral("Ignored fields of zone %1").arg(entry->id));
         }
         if (entry->parent) {
             result.byParent[*entry->parent].append(result.list.size());
@@ -210,7 +211,7 @@ QVector<Membership> readMemberships(const QJsonArray& elements)
         if (deviceId && zoneId) {
             result.append({*deviceId, *zoneId});
         } else {
-            Log::message("Dropped unit of the zones' list: no id");
+            Log::dropped(QStringLiteral("Dropped unit of the zones' list: no id"));
         }
     }
     return result;
@@ -267,7 +268,7 @@ void rebuildMembership(const QVector<Membership>& memberships)
         if (zone && device) {
             ZoneMembership::include(*zone, *device);
         } else {
-            Log::message(QStringLiteral("Skipped unit %1 in zone %2: one is unknown")
+            Log::dropped(QStringLiteral("Skipped unit %1 in zone %2: one is unknown")
                              .arg(membership.deviceId)
                              .arg(membership.zoneId));
         }
@@ -300,12 +301,12 @@ void protocolZoneCommandList(const QJsonObject& reply)
     if (const auto zones = Fields::array(reply, "zones")) {
         takeZones(readZones(*zones));
     } else {
-        Log::message("Ignored zones: no list");
+        Log::dropped(QStringLiteral("Ignored zones: no list"));
     }
     showZoneManagement();
     if (const auto devices = Fields::array(reply, "devices")) {
         takeDevices(*devices);
     } else {
-        Log::message("Ignored units of the zones: no list");
+        Log::dropped(QStringLiteral("Ignored units of the zones: no list"));
     }
 }

@@ -159,6 +159,9 @@ void WebView::playback_loadPlaybackType(int type)
             track.addToPage();
         }
     }
+    if (type == Playlist::gongRoot && Data::gongPlaybackId != 0) {
+        Page::call("gongStart", Data::gongPlaybackId); // it sounds, whoever has started it
+    }
 }
 
 void WebView::playback_loadZoneList()

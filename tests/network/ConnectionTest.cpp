@@ -9,7 +9,10 @@
 #include "support/TestServer.h"
 
 #include <QElapsedTimer>
+#include <QFile>
+#include <QJsonDocument>
 #include <QTcpServer>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace
@@ -48,6 +51,8 @@ private Q_SLOTS:
     void secondTryReplacesTheConnection();
     void nothingBehindTheEndOfASessionIsHandled();
     void sessionMayBeStartedWhereOneEnds();
+    void changedCertificateIsTold();
+    void loginIsNotInTheLog();
 };
 
 void ConnectionTest::noServerIsNoConnection_data()
@@ -168,6 +173,8 @@ void ConnectionTest::secondTryReplacesTheConnection()
         Data::ip = QStringLiteral("127.0.0.1");
         Data::port = server.port();
         QVERIFY(session.connectTo(server));
+        QCOMPARE(Data::localPort, 0); // the lines of this try aren't those of the last connection
+        Data::localPort = Data::tcpClient.getLocalPort();
         send(UserCommand::Login);
         QTRY_COMPARE(server.receivedNames().size(), attempt);
         QTRY_COMPARE(Data::parser.getPacketCount(), 0);
@@ -210,6 +217,58 @@ void ConnectionTest::sessionMayBeStartedWhereOneEnds()
     QTRY_COMPARE(server.receivedNames(), (QStringList{QStringLiteral("user/logout 0"),
                                                       QStringLiteral("helper/checkInternet 0")}));
     QCOMPARE(server.connectionCount(), 2);
+}
+
+void ConnectionTest::changedCertificateIsTold()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("fingerprints.json"));
+    const QString told = QStringLiteral("Server certificate is another than last time");
+    TestServer server;
+    const QString address = QStringLiteral("127.0.0.1/%1").arg(server.port());
+    const auto write = [&](const QByteArray& text) {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    };
+    // The file before, and whether the next connection finds a change.
+    const QVector<QPair<QByteArray, bool>> steps{{"", false},
+                                                 {"", false},
+                                                 {"{broken", false},
+                                                 {R"({"%1":"aa:bb","other/1":"cc"})", true},
+                                                 {"", false}};
+    for (const auto& [before, changed] : steps) {
+        if (!before.isEmpty()) {
+            write(QByteArray(before).replace("%1", address.toLatin1()));
+        }
+        SessionFixture session;
+        Data::tcpClient.setFingerprintFile(path);
+        QVERIFY(session.connectTo(server));
+        QCOMPARE(Data::tcpClient.hasPeerChanged(), changed);
+        QCOMPARE(session.log.contains(told), changed);
+        QVERIFY(session.log.hasLineWith(QStringLiteral("Server certificate SHA-256: ")));
+        QFile file(path);
+        QCOMPARE(file.permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QJsonObject kept = QJsonDocument::fromJson(file.readAll()).object();
+        QCOMPARE(kept.value(address).toString().size(), 32 * 3 - 1);
+    }
+    Data::tcpClient.setFingerprintFile({});
+}
+
+void ConnectionTest::loginIsNotInTheLog()
+{
+    TestServer server;
+    server.answerAll();
+    SessionFixture session;
+    Data::debugMode = true;
+    QVERIFY(session.connectTo(server));
+    send(UserCommand::Login, {{QStringLiteral("user"), QStringLiteral("guard")},
+                              {QStringLiteral("password"), QStringLiteral("secret")}});
+    QTRY_COMPARE(Data::parser.getPacketCount(), 0);
+    QVERIFY(session.log.hasLineWith(QStringLiteral("Quered message: ")));
+    QVERIFY(session.log.hasLineWith(QStringLiteral("guard")));
+    QVERIFY(!session.log.hasLineWith(QStringLiteral("secret")));
 }
 
 QTEST_GUILESS_MAIN(ConnectionTest)

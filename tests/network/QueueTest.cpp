@@ -2,16 +2,21 @@
 #include "network/NetworkParser.h"
 #include "network/TcpClient.h"
 #include "protocol/Request.h"
+#include "protocol/input/Pushes.h"
 #include "support/SessionFixture.h"
 #include "support/TestServer.h"
 
 #include <QElapsedTimer>
+#include <QJsonArray>
 #include <QTest>
 #include <QTimer>
+
+#include <limits>
 
 namespace
 {
 
+const QJsonObject success{{QStringLiteral("response"), QStringLiteral("success")}};
 const QString getInternet = QStringLiteral("helper/checkInternet ");
 
 QJsonObject reply(int order)
@@ -34,6 +39,18 @@ void sendRequests(int count)
     }
 }
 
+QJsonObject unitsReply(int count)
+{
+    QJsonArray units;
+    for (int id = 1; id <= count; ++id) {
+        units.append(QJsonObject{{QStringLiteral("id"), id},
+                                 {QStringLiteral("title"), QStringLiteral("Зал")},
+                                 {QStringLiteral("link"), QStringLiteral("no")}});
+    }
+    return {{QStringLiteral("response"), QStringLiteral("success")},
+            {QStringLiteral("devices"), units}};
+}
+
 QStringList requests(int first, int last)
 {
     QStringList names;
@@ -49,6 +66,7 @@ class QueueTest : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    void cleanup() { Data::parser.setPushHandler(routePush); }
     void oneRequestIsInFlight();
     void queueKeepsItsOrder();
     void pushReleasesTheNextRequest();
@@ -59,6 +77,11 @@ private Q_SLOTS:
     void queueWaitsForNoTick();
     void reconnectStartsAtOrderZero();
     void queueRestsWithoutConnection();
+    void burstOfPushesIsAnsweredInOrder();
+    void handlerIsNotEnteredTwice();
+    void readingKeepsItsOrder();
+    void operatorDoesNotWaitForReading();
+    void whatWaitsEndsWithTheSession();
 };
 
 void QueueTest::oneRequestIsInFlight()
@@ -227,6 +250,139 @@ void QueueTest::queueRestsWithoutConnection()
     sendRequests(1);
     QCoreApplication::processEvents();
     QVERIFY(!timers.first()->isActive());
+}
+
+void QueueTest::burstOfPushesIsAnsweredInOrder()
+{
+    constexpr int count = 3000;
+    TestServer server;
+    server.answerAll();
+    SessionFixture session;
+    QVERIFY(session.connectTo(server));
+    QVector<QJsonObject> pushes;
+    QStringList acknowledgements;
+    for (int order = 0; order < count; ++order) {
+        // Half of them make the console ask for more.
+        QJsonObject message =
+            order % 2 ? push("device", "setState", order) : push("helper", "brokenLink", order);
+        message.insert(QStringLiteral("deviceId"), 1 + order % 100);
+        message.insert(QStringLiteral("versionMainText"), QString(1000, QLatin1Char('1')));
+        pushes.append(message);
+        acknowledgements.append(QStringLiteral("ack %1").arg(order));
+    }
+    // However many have come at once, each is handled where the first one was.
+    quintptr shallowest = 0;
+    quintptr deepest = std::numeric_limits<quintptr>::max();
+    Data::parser.setPushHandler([&](const QJsonObject& message) {
+        const auto here = reinterpret_cast<quintptr>(__builtin_frame_address(0));
+        shallowest = qMax(shallowest, here);
+        deepest = qMin(deepest, here);
+        routePush(message);
+    });
+    server.send(pushes);
+    QTRY_COMPARE_WITH_TIMEOUT(server.receivedNames().filter(QStringLiteral("ack ")).size(), count,
+                              30000);
+    QCOMPARE(server.receivedNames().filter(QStringLiteral("ack ")), acknowledgements);
+    QTRY_COMPARE_WITH_TIMEOUT(Data::tcpClient.waitingRequestCount(), 0, 30000);
+    QTRY_COMPARE(Data::parser.getPacketCount(), 0);
+    QVERIFY(Data::parser.orderCounter >= count);
+    QVERIFY2(shallowest - deepest < 64 * 1024,
+             QByteArray::number(qulonglong(shallowest - deepest)).constData());
+}
+
+void QueueTest::handlerIsNotEnteredTwice()
+{
+    TestServer server;
+    SessionFixture session;
+    QVERIFY(session.connectTo(server));
+    sendRequests(1);
+    QTRY_COMPARE(server.receivedNames(), requests(0, 0));
+    int running = 0;
+    int most = 0;
+    int handled = 0;
+    Data::parser.setPushHandler([&](const QJsonObject& message) {
+        ++handled;
+        most = qMax(most, ++running);
+        if (message.value(QLatin1String("order")) == 1) {
+            // What is sent in the handler's own event loop leaves; what arrives there waits.
+            server.send(push("helper", "brokenLink", 2));
+            QTimer::singleShot(0, [] { sendRequests(1); });
+            QTRY_COMPARE(server.receivedNames(),
+                         requests(0, 0) + QStringList{QStringLiteral("ack 1")} + requests(1, 1));
+        }
+        --running;
+    });
+    server.send(push("helper", "brokenLink", 1));
+    QTRY_COMPARE(handled, 2);
+    QCOMPARE(most, 1);
+    QTRY_COMPARE(server.receivedNames().last(), QStringLiteral("ack 2"));
+}
+
+void QueueTest::readingKeepsItsOrder()
+{
+    TestServer server;
+    server.answerAll();
+    server.answer(QStringLiteral("device/getDevices"), unitsReply(2));
+    server.onRequest(QStringLiteral("helper/checkInternet"),
+                     {{success, push("zone", "reloadChanges", 7)}});
+    server.onRequest(QStringLiteral("device/getState"), {});
+    SessionFixture session;
+    QVERIFY(session.connectTo(server));
+    send(DeviceCommand::GetDevices);
+    send(ZoneCommand::List);
+    sendRequests(1);
+    // What is in the queue goes first; what waits gets its number when it leaves.
+    QStringList expected{QStringLiteral("device/getDevices 0"),
+                         QStringLiteral("zone/list 1"),
+                         QStringLiteral("helper/checkInternet 2"),
+                         QStringLiteral("device/getState 3"),
+                         QStringLiteral("ack 7"),
+                         QStringLiteral("device/getState 4")};
+    QTRY_COMPARE(server.receivedNames(), expected);
+    QCOMPARE(Data::tcpClient.waitingRequestCount(), 1);
+    QCOMPARE(Data::parser.orderCounter, 5);
+    send(HelperCommand::GetDateTime);
+    server.send(reply(3));
+    server.send(reply(4));
+    expected << QStringLiteral("helper/getDateTime 5") << QStringLiteral("zone/list 6");
+    QTRY_COMPARE(server.receivedNames(), expected);
+}
+
+void QueueTest::operatorDoesNotWaitForReading()
+{
+    constexpr int units = 300;
+    TestServer server;
+    server.answerAll();
+    server.answer(QStringLiteral("device/getDevices"), unitsReply(units));
+    SessionFixture session;
+    QVERIFY(session.connectTo(server));
+    send(DeviceCommand::GetDevices);
+    server.setDelay(20);
+    QTRY_VERIFY(server.receivedNames().size() > 10);
+    for (int click = 0; click < 5; ++click) {
+        const int before = server.receivedNames().size();
+        const QString asked = QStringLiteral("device/setVolume %1").arg(Data::parser.orderCounter);
+        send(DeviceCommand::SetVolume, {{QStringLiteral("id"), 1}});
+        QTRY_VERIFY(server.receivedNames().contains(asked));
+        // One may be on its way, and one in flight.
+        QVERIFY(server.receivedNames().indexOf(asked) <= before + 1);
+    }
+    QVERIFY(Data::tcpClient.waitingRequestCount() > units / 2);
+}
+
+void QueueTest::whatWaitsEndsWithTheSession()
+{
+    TestServer server;
+    server.answer(QStringLiteral("device/getDevices"), unitsReply(3));
+    SessionFixture session;
+    QVERIFY(session.connectTo(server));
+    send(DeviceCommand::GetDevices);
+    QTRY_COMPARE(Data::tcpClient.waitingRequestCount(), 2);
+    Data::tcpClient.exit();
+    QCOMPARE(Data::tcpClient.waitingRequestCount(), 0);
+    QVERIFY(session.connectTo(server));
+    sendRequests(1);
+    QTRY_COMPARE(server.receivedNames().last(), getInternet + QLatin1Char('0'));
 }
 
 QTEST_GUILESS_MAIN(QueueTest)

@@ -16,6 +16,7 @@ private Q_SLOTS:
     void dialogFollowsTheStream();
     void endsOfAStream_data();
     void endsOfAStream();
+    void microphoneNeverRunsWithoutItsDialog();
     void microphoneVolume();
     void gongNeedsASourceFirst();
     void gongRunsAndStops();
@@ -172,6 +173,41 @@ void BroadcastPageTest::endsOfAStream()
                               "!$('#translation_button_stop').is(':visible')"));
 }
 
+void BroadcastPageTest::microphoneNeverRunsWithoutItsDialog()
+{
+    const auto openDialog = [this] {
+        openMicrophone();
+        addUnits();
+        run("var slow = setTimeout; setTimeout = function (action, time) { "
+            "return slow(action, time === 10000 ? 20 : time); };"
+            "$('#zone_select_all').click(); $('#translation_start').click()");
+    };
+    openDialog();
+    run("slotCalls = []; $('#translation_button_start').click()");
+    QVERIFY(is("$('#translation_button_close').prop('disabled')"));
+    // Nobody answers: the way out stops what may still come about.
+    QVERIFY(console().waitFor("!$('#translation_button_close').prop('disabled')"));
+    run("$('#translation_button_close').click()");
+    QVERIFY(takeCalls().endsWith("playback_stopRedirection()"));
+    // It has come about all the same.
+    Page::call("modalAudioTranslationStarted");
+    QVERIFY(console().waitFor("$('#translation_button_stop').is(':visible:enabled')"));
+    QCOMPARE(text("$('#modalAudioTranslation .modal-title').text()"),
+             QStringLiteral("Идет трансляция"));
+    QVERIFY(text("$('#translation_air').text()").startsWith(QStringLiteral("Устройств: 2")));
+    run("slotCalls = []; loadModal('settings')");
+    QVERIFY(console().waitFor("$('#modalAudioTranslation').length === 0"));
+    QCOMPARE(takeCalls(), QStringLiteral("playback_stopRedirection()"));
+
+    openDialog();
+    QVERIFY(console().waitFor("$('#modalAudioTranslation').hasClass('in')"));
+    Page::call("wrapperInput_device_linkOff", 1);
+    Page::call("wrapperInput_device_linkOff", 2);
+    run("slotCalls = []; $('#translation_button_start').click()");
+    QVERIFY(console().waitFor("$('#modalSelectingKelpas').hasClass('in')"));
+    QCOMPARE(takeCalls(), QString());
+}
+
 void BroadcastPageTest::microphoneVolume()
 {
     openMicrophone();
@@ -210,13 +246,12 @@ void BroadcastPageTest::gongRunsAndStops()
     console().picture("alarm");
     Page::call("gongStart", 9);
     QCOMPARE(text("$('#gongRow').text().trim()"), QStringLiteral("Стоп"));
-    // The page was away and is back: the gong still sounds.
-    run("$('#main').empty(); loadMainBody('translation')");
-    QVERIFY(console().waitFor("$('#gongRow').text().trim() === 'Стоп'"));
-    takeCalls();
     run("$('#gongRow .btn').click()");
     QCOMPARE(takeCalls(), QStringLiteral("playback_stop(9)"));
-    Page::call("gongStop");
+    // The page was away and is back: it asks, and keeps nothing of its own.
+    run("$('#gongs').addClass('old'); loadMainBody('translation')");
+    QVERIFY(console().waitFor("$('#gongs').length === 1 && $('.old').length === 0"));
+    QVERIFY(takeCalls().contains("playback_loadPlaybackType(7)"));
     QCOMPARE(text("$('#gongRow').text().trim()"), QStringLiteral("Гонг"));
 }
 

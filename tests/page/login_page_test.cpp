@@ -146,6 +146,8 @@ void LoginPageTest::refusesBadServerAddresses_data()
                              << "";
     QTest::newRow("port is text") << "10.0.0.1"
                                   << "abc";
+    QTest::newRow("port is no whole number") << "10.0.0.1"
+                                             << "2049.7";
     QTest::newRow("port too large") << "10.0.0.1"
                                     << "70000";
 }

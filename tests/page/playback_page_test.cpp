@@ -252,12 +252,13 @@ void PlaybackPageTest::endOfAPlayback()
     QCOMPARE(text("$('.playback_active').attr('id')"), QStringLiteral("playback_3"));
     addTracks(20);
     Page::call("wrapperInput_playback_stop", 3);
-    QCOMPARE(shownUnits(), QString());
-    QVERIFY(is("$('#tracks_tbody').is(':empty') && $('#stop').prop('disabled') && "
+    QCOMPARE(takeCalls(), QStringLiteral("playback_loadPlayback(8)"));
+    QCOMPARE(text("$('.playback_active').attr('id')"), QStringLiteral("playback_8"));
+    QVERIFY(is("$('#tracks_tbody').is(':empty') && !$('#stop').prop('disabled') && "
                "!$('#zone_select').prop('disabled')"));
-    addTracks(20);
-    QVERIFY(is("$('#tracks_tbody').is(':empty')"));
     Page::call("wrapperInput_playback_stop", 8);
+    QCOMPARE(shownUnits(), QString());
+    QVERIFY(is("$('#stop').prop('disabled')"));
     QVERIFY(is("$('#zone_select').prop('disabled') && $('#playbackList').next().is(':visible')"));
     QCOMPARE(takeCalls(), QString());
 }

@@ -1,8 +1,8 @@
-#include "page/PageFixture.h"
 #include "app/Data.h"
 #include "model/ModelList.h"
 #include "model/Playback.h"
 #include "model/Track.h"
+#include "page/PageFixture.h"
 #include "page/ScriptCall.h"
 
 #include <QTimer>

@@ -1,6 +1,6 @@
 #include "fleet/ViewSession.h"
-#include "view/PasswordDigest.h"
 #include "rights/Rights.h"
+#include "view/PasswordDigest.h"
 
 #include <QTest>
 #include <QTimer>

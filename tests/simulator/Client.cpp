@@ -8,7 +8,7 @@
 namespace
 {
 
-constexpr int patience = 5000; // milliseconds
+constexpr int patience = 20000; // milliseconds
 
 /// Length of the first JSON object in the text, 0 while it is not whole. The parser itself says
 /// where the next one begins.

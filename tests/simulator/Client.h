@@ -5,7 +5,7 @@
 #include <QVector>
 
 /// A console reduced to its wire: sends requests over TLS and sorts what comes back into replies
-/// and pushes. Each wait ends after five seconds at the most.
+/// and pushes. Each wait ends after twenty seconds at the most.
 class Client
 {
 public:

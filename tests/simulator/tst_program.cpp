@@ -1,5 +1,7 @@
 #include "simulator/Client.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QNetworkInterface>
 #include <QProcess>
 #include <QTcpServer>
@@ -15,35 +17,13 @@ class TestProgram : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void servesUntilItIsEnded_data();
-    void servesUntilItIsEnded();
+    void runs_data();
+    void runs();
     void refusesToStart_data();
     void refusesToStart();
-    void announcesItself();
-
-private:
-    /// Starts the program with these arguments behind the usual ones.
-    void start(QProcess& program, const QStringList& arguments);
-    /// The port that it says it listens on, 0 when it says nothing.
-    static quint16 portOf(QProcess& program);
-
-    QTemporaryDir folder;
 };
 
-void TestProgram::start(QProcess& program, const QStringList& arguments)
-{
-    program.start(SIMULATOR_PROGRAM,
-                  QStringList{"--data", folder.path(), "--port", "0", "--quiet"} + arguments);
-}
-
-quint16 TestProgram::portOf(QProcess& program)
-{
-    const bool told = QTest::qWaitFor([&program] { return program.canReadLine(); }, 60000);
-    const QByteArray line = told ? program.readLine().trimmed() : QByteArray();
-    return line.startsWith("Listening on 127.0.0.1:") ? line.split(':').last().toUShort() : 0;
-}
-
-void TestProgram::servesUntilItIsEnded_data()
+void TestProgram::runs_data()
 {
     QTest::addColumn<int>("signal");
     QTest::newRow("terminate") << SIGTERM;
@@ -51,24 +31,46 @@ void TestProgram::servesUntilItIsEnded_data()
     QTest::newRow("typed") << 0;
 }
 
-void TestProgram::servesUntilItIsEnded()
+/// It says where it listens, announces itself, lets a gong end in spite of --quiet, and ends.
+void TestProgram::runs()
 {
     QFETCH(int, signal);
+    QUdpSocket listener;
+    QVERIFY(listener.bind(QHostAddress(QHostAddress::AnyIPv4), 0));
+    const auto interfaces = QNetworkInterface::allInterfaces();
+    const auto loopback =
+        std::find_if(interfaces.begin(), interfaces.end(), [](const QNetworkInterface& one) {
+            return one.flags() & QNetworkInterface::IsLoopBack;
+        });
+    QVERIFY(listener.joinMulticastGroup(QHostAddress("224.0.224.1"), *loopback));
+    const QTemporaryDir folder;
     QProcess program;
-    start(program, {"--no-announce"});
-    const quint16 port = portOf(program);
-    QVERIFY(port > 0);
-    if (signal != 0) {
-        program.closeWriteChannel(); // the end of its input doesn't end it
-    }
+    program.start(SIMULATOR_PROGRAM, {"--data", folder.path(), "--port", "0", "--quiet",
+                                      "--announce-port", QString::number(listener.localPort())});
+    QTRY_VERIFY_WITH_TIMEOUT(program.canReadLine(), 60000);
+    const QByteArray said = program.readLine().trimmed();
+    QVERIFY2(said.startsWith("Listening on 127.0.0.1:"), said.constData());
+    const quint16 port = said.split(':').last().toUShort();
+    QTRY_VERIFY(listener.hasPendingDatagrams());
+    QByteArray datagram(int(listener.pendingDatagramSize()), '\0');
+    QVERIFY(listener.readDatagram(datagram.data(), datagram.size()) > 0);
+    QCOMPARE(QJsonDocument::fromJson(datagram).object()["port"].toInt(), int(port));
+
     Client client(port);
     QVERIFY(client.logIn("admin"));
-    if (signal != 0) {
-        ::kill(pid_t(program.processId()), signal);
-    } else {
+    if (signal == 0) {
+        client.ask("playback", "play",
+                   {{"playlistId", 7}, {"trackId", 171}, {"devices", QJsonArray{3}}});
+        QCOMPARE(client.takePush("stop").value("id"), QJsonValue(3));
+        program.write("drop\n");
+        QVERIFY(client.waitForEnd());
         program.write("quit\n");
+    } else {
+        program.closeWriteChannel(); // the end of its input doesn't end it
+        QVERIFY(client.ask("user", "getInfo").contains("name"));
+        ::kill(pid_t(program.processId()), signal);
     }
-    QVERIFY(QTest::qWaitFor([&program] { return program.state() == QProcess::NotRunning; }, 5000));
+    QTRY_COMPARE(program.state(), QProcess::NotRunning);
     QCOMPARE(program.exitStatus(), QProcess::NormalExit);
     QCOMPARE(program.exitCode(), 0);
 }
@@ -95,45 +97,15 @@ void TestProgram::refusesToStart()
         QVERIFY(other.listen(QHostAddress::LocalHost, 0));
         arguments = QStringList{"--port", QString::number(other.serverPort())};
     }
+    const QTemporaryDir folder;
     QProcess program;
-    start(program, arguments);
+    program.start(SIMULATOR_PROGRAM,
+                  QStringList{"--data", folder.path(), "--port", "0"} + arguments);
     QVERIFY(program.waitForFinished());
-    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
-    QVERIFY(program.exitCode() != 0);
+    QCOMPARE(program.exitCode(), 1);
     const QByteArray text = program.readAllStandardError();
     QVERIFY2(text.contains(said), text.constData());
     QVERIFY(program.readAllStandardOutput().isEmpty());
-}
-
-void TestProgram::announcesItself()
-{
-    QUdpSocket listener;
-    QVERIFY(listener.bind(QHostAddress::AnyIPv4, 11991,
-                          QUdpSocket::ShareAddress | QUdpSocket::ReuseAddressHint));
-    QNetworkInterface loopback;
-    for (const QNetworkInterface& candidate : QNetworkInterface::allInterfaces()) {
-        if (candidate.flags() & QNetworkInterface::IsLoopBack) {
-            loopback = candidate;
-        }
-    }
-    QVERIFY(listener.joinMulticastGroup(QHostAddress("224.0.224.1"), loopback));
-    QProcess program;
-    start(program, {});
-    const quint16 port = portOf(program);
-    QVERIFY(port > 0);
-    const QByteArray expected = "\"port\":" + QByteArray::number(port);
-    QHostAddress from;
-    QVERIFY(QTest::qWaitFor(
-        [&] {
-            QByteArray datagram(int(qMax<qint64>(listener.pendingDatagramSize(), 0)), '\0');
-            return listener.hasPendingDatagrams() &&
-                   listener.readDatagram(datagram.data(), datagram.size(), &from) > 0 &&
-                   datagram.contains(expected);
-        },
-        5000));
-    QCOMPARE(from, QHostAddress(QHostAddress::LocalHost));
-    program.kill();
-    program.waitForFinished();
 }
 
 QTEST_GUILESS_MAIN(TestProgram)

@@ -12,6 +12,7 @@
 #include <QSslSocket>
 #include <QTcpServer>
 #include <QTemporaryDir>
+#include <QTimer>
 
 namespace
 {
@@ -188,15 +189,17 @@ void TestServer::read(QTcpSocket* socket, JsonStreamSplitter& splitter)
     }
     splitter.feed(arrived);
     while (splitter.next() == JsonStreamSplitter::Found::Object) {
-        handle(socket, QJsonDocument::fromJson(splitter.object()).object());
+        handle(socket, QJsonDocument::fromJson(splitter.takeObject()).object());
     }
 }
 
 void TestServer::handle(QTcpSocket* socket, const QJsonObject& message)
 {
     Step step;
+    int wait = 0;
     {
         const QMutexLocker lock(&mutex);
+        wait = delay;
         messages.append(message);
         if (!message.contains(QLatin1String("request"))) {
             return;
@@ -215,11 +218,16 @@ void TestServer::handle(QTcpSocket* socket, const QJsonObject& message)
         }
     }
     const QByteArray text = wireText(step.objects) + step.rest;
-    if (!text.isEmpty()) {
+    const auto answer = [socket, text, closes = step.closes] {
         socket->write(text);
-    }
-    if (step.closes) {
-        socket->disconnectFromHost();
+        if (closes) {
+            socket->disconnectFromHost();
+        }
+    };
+    if (wait > 0) {
+        QTimer::singleShot(wait, socket, answer);
+    } else {
+        answer();
     }
 }
 
@@ -233,6 +241,12 @@ void TestServer::answerAll()
 {
     const QMutexLocker lock(&mutex);
     answersAll = true;
+}
+
+void TestServer::setDelay(int milliseconds)
+{
+    const QMutexLocker lock(&mutex);
+    delay = milliseconds;
 }
 
 void TestServer::send(const QVector<QJsonObject>& objects)

@@ -54,6 +54,8 @@ public:
     void answer(const QString& name, const QJsonObject& reply) { onRequest(name, {{reply}}); }
     /// Answers every request without a script of its own with "success".
     void answerAll();
+    /// Takes so long for each later answer.
+    void setDelay(int milliseconds);
 
     void send(const QJsonObject& object) { send(QVector<QJsonObject>{object}); }
     /// All in one write.
@@ -95,6 +97,7 @@ private:
     mutable QMutex mutex; ///< for all below
     std::map<QString, Step> script;
     bool answersAll = false;
+    int delay = 0;
     QVector<QJsonObject> messages;
     QByteArray bytes;
     int connections = 0;

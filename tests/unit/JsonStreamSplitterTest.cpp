@@ -20,6 +20,8 @@ QString wordOf(Found found)
         return QStringLiteral("garbage");
     case Found::TooDeep:
         return QStringLiteral("too deep");
+    case Found::TooManyValues:
+        return QStringLiteral("too many values");
     case Found::TooLarge:
         return QStringLiteral("too large");
     default:
@@ -31,7 +33,8 @@ QString wordOf(Found found)
 void drain(JsonStreamSplitter& splitter, QStringList& found)
 {
     for (Found next = splitter.next(); next != Found::Nothing; next = splitter.next()) {
-        found.append(next == Found::Object ? QString::fromUtf8(splitter.object()) : wordOf(next));
+        found.append(next == Found::Object ? QString::fromUtf8(splitter.takeObject())
+                                           : wordOf(next));
         if (next == Found::TooLarge) {
             return;
         }
@@ -70,9 +73,11 @@ private Q_SLOTS:
     void streamIsSplit();
     void nestingHasALimit();
     void acceptedNestingIsReadable();
+    void numberOfValuesHasALimit();
     void clearForgetsAHalfObject();
     void randomStreamsSplitAlikeHoweverCut();
     void usedUpBytesAreLetGo();
+    void objectOutlivesItsPlace();
 };
 
 void JsonStreamSplitterTest::streamIsSplit_data()
@@ -104,6 +109,11 @@ void JsonStreamSplitterTest::streamIsSplit_data()
     row("one run of garbage is one find", ("12 true ]}} x\n[1]" + a).toUtf8(), {garbage, a});
     row("two runs are two", ("x" + a + "y" + a).toUtf8(), {garbage, a, garbage, a});
     row("quote that never closes", ("\"\n" + a).toUtf8(), {garbage, a});
+    row("quote among garbage", ("x\" " + a + b).toUtf8(), {garbage, a, b});
+    row("quote alone takes one object along", ("\" " + a + b + a).toUtf8(), {garbage, b, a});
+    row("array that never closes", ("[" + a + b + a).toUtf8(), {garbage, b, a});
+    row("quote in an array that never closes", ("[\"]" + a + b).toUtf8(), {garbage, b});
+    row("quote and bracket with line ends", ("[\"\n" + a + "\n" + b).toUtf8(), {garbage, a, b});
     row("byte order mark", "\xEF\xBB\xBF" + a.toUtf8(), {garbage, a});
     row("wrong bracket ends an object", (R"({"a":[}})" + a).toUtf8(),
         {QStringLiteral(R"({"a":[})"), garbage, a});
@@ -143,6 +153,27 @@ void JsonStreamSplitterTest::nestingHasALimit()
 void JsonStreamSplitterTest::acceptedNestingIsReadable()
 {
     QVERIFY(QJsonDocument::fromJson(nested(JsonStreamSplitter::maximumDepth)).isObject());
+}
+
+void JsonStreamSplitterTest::numberOfValuesHasALimit()
+{
+    constexpr int limit = JsonStreamSplitter::maximumValues;
+    const auto stream = [](const QByteArray& element, int count) {
+        return R"({"t":"a,[","u":[)" + (element + ",").repeated(count - 1) + element + "]}";
+    };
+    // The element, and how many values each stands for; two more are around them.
+    const QVector<QPair<QByteArray, int>> elements{
+        {"1", 1}, {"[]", 1}, {R"({"a":[0,"\\",[]]})", 5}};
+    for (const auto& [element, values] : elements) {
+        for (const bool fits : {true, false}) {
+            JsonStreamSplitter splitter;
+            splitter.feed(stream(element, (limit - 2) / values + (fits ? 0 : 1)));
+            QVERIFY(splitter.next() == (fits ? Found::Object : Found::TooManyValues));
+            splitter.feed("{}");
+            QVERIFY(splitter.next() == Found::Object);
+            QCOMPARE(splitter.takeObject().size(), 2);
+        }
+    }
 }
 
 void JsonStreamSplitterTest::clearForgetsAHalfObject()
@@ -194,7 +225,24 @@ void JsonStreamSplitterTest::usedUpBytesAreLetGo()
         QVERIFY(splitter.next() == Found::Nothing);
         splitter.feed(object.mid(10) + "  ");
         QVERIFY(splitter.next() == Found::Object);
-        QCOMPARE(splitter.object(), object);
+        QCOMPARE(splitter.takeObject(), object);
+    }
+}
+
+void JsonStreamSplitterTest::objectOutlivesItsPlace()
+{
+    const QByteArray large = R"({"a":")" + QByteArray(100 * 1000, 'x') + "\"}";
+    for (const QByteArray& first : {QByteArray(R"({"b":1})"), large}) {
+        JsonStreamSplitter splitter;
+        splitter.feed(first + R"({"c":2}{"d":)");
+        QVERIFY(splitter.next() == Found::Object);
+        const QByteArray object = splitter.takeObject();
+        QVERIFY(splitter.next() == Found::Object);
+        splitter.feed(QByteArray(1000, ' ') + "3}");
+        QVERIFY(splitter.next() == Found::Object);
+        QCOMPARE(splitter.takeObject(), R"({"d":)" + QByteArray(1000, ' ') + "3}");
+        splitter.clear();
+        QCOMPARE(object, first);
     }
 }
 

@@ -1,9 +1,13 @@
 #include "network/NetworkParser.h"
+#include "app/Data.h"
+#include "network/Redaction.h"
 #include "support/LogRecorder.h"
 
+#include <QEventLoop>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTest>
+#include <QTimer>
 
 namespace
 {
@@ -39,10 +43,7 @@ struct Bench {
     }
 
     void note(const QByteArray& event) { events.append(event); }
-    void ask(int protocol, int command)
-    {
-        parser.writeJson(protocol, command, {{QStringLiteral("order"), parser.orderCounter}});
-    }
+    void ask(int protocol, int command) { parser.writeJson({protocol, command}); }
     void parse(const QByteArray& text) { parser.parse(text); }
 
     NetworkParser parser;
@@ -67,6 +68,11 @@ private Q_SLOTS:
     void aRequestIsAnsweredOnce();
     void resetStartsANewConnection();
     void trafficIsLogged();
+    void longTextsAreNotRemembered();
+    void causeOfARequest_data();
+    void causeOfARequest();
+    void passwordsStayOutOfTheLog_data();
+    void passwordsStayOutOfTheLog();
 };
 
 void NetworkParserTest::replyFindsItsHandlerAndRequest()
@@ -80,7 +86,9 @@ void NetworkParserTest::replyFindsItsHandlerAndRequest()
         {QStringLiteral("order"), 1},
         {QStringLiteral("response"), QStringLiteral("success")},
         {QStringLiteral("extra"), QJsonArray{1}},
-        {QStringLiteral("requestReply"), QJsonObject{{QStringLiteral("order"), 1}}}};
+        {QStringLiteral("requestReply"), QJsonObject{{QStringLiteral("request"), "zone"},
+                                                     {QStringLiteral("action"), "list"},
+                                                     {QStringLiteral("order"), 1}}}};
     QCOMPARE(bench.lastReply, expected);
     bench.parse(R"({"order":2,"response":"error"})");
     bench.parse(R"({"order":0,"response":"anything"})");
@@ -201,6 +209,99 @@ void NetworkParserTest::trafficIsLogged()
     QStringList lines = bench.log.lines();
     lines.removeAll(QString());
     QCOMPARE(lines, expected); // whole documents are for the traffic trace only
+}
+
+void NetworkParserTest::longTextsAreNotRemembered()
+{
+    constexpr int limit = NetworkParser::maximumRememberedText;
+    Bench bench;
+    const OutgoingMessage sent =
+        bench.parser.writeJson({1,
+                                0,
+                                {{QStringLiteral("title"), QString(limit, QLatin1Char('t'))},
+                                 {QStringLiteral("data"), QString(limit + 1, QLatin1Char('d'))}}});
+    QVERIFY(sent.text.contains("ddd"));
+    bench.parse(R"({"order":0,"response":"success"})");
+    const QJsonObject asked = bench.lastReply.value(QLatin1String("requestReply")).toObject();
+    QCOMPARE(asked.keys(), (QStringList{QStringLiteral("action"), QStringLiteral("order"),
+                                        QStringLiteral("request"), QStringLiteral("title")}));
+}
+
+void NetworkParserTest::causeOfARequest_data()
+{
+    QTest::addColumn<int>("command");
+    QTest::addColumn<int>("asked");
+    QTest::addColumn<int>("inReply");
+    const int add = 0;
+    const int list = 1;
+    const auto row = [](const char* name, int command, Cause asked, Cause inReply) {
+        QTest::newRow(name) << command << int(asked) << int(inReply);
+    };
+    row("what an operator's doing leads to", add, Cause::Operator, Cause::Operator);
+    row("what an operator's question leads to", list, Cause::Operator, Cause::Console);
+    row("what the console leads to", add, Cause::Console, Cause::Console);
+}
+
+void NetworkParserTest::causeOfARequest()
+{
+    QFETCH(int, command);
+    QFETCH(int, asked);
+    QFETCH(int, inReply);
+    Bench bench;
+    QCOMPARE(int(bench.parser.currentCause()), int(Cause::Operator));
+    bench.parser.writeJson({0, command, {}, static_cast<Cause>(asked)});
+    int seen = -1;
+    bench.parser.setForbiddenHook([&] { seen = int(bench.parser.currentCause()); });
+    bench.parser.setPushHandler([&](const QJsonObject&) {
+        QCOMPARE(int(bench.parser.currentCause()), int(Cause::Console));
+        QEventLoop loop; // an operator may click while a handler waits
+        QTimer::singleShot(0, &loop, [&] {
+            QCOMPARE(int(bench.parser.currentCause()), int(Cause::Operator));
+            loop.quit();
+        });
+        loop.exec();
+    });
+    bench.parser.writeJson({1, command, {}, static_cast<Cause>(asked)});
+    bench.parse(R"({"order":1,"response":"forbidden"})");
+    QCOMPARE(seen, inReply);
+    bench.parse(R"({"request":"zone","action":"list","order":1})");
+    QCOMPARE(int(bench.parser.currentCause()), int(Cause::Operator));
+}
+
+void NetworkParserTest::passwordsStayOutOfTheLog_data()
+{
+    QTest::addColumn<QByteArray>("message");
+    for (const char* const text :
+         {R"({"password":"secret"})",
+          R"({"a":1,"passwordForAlarm":"se\"cret","z":"\"password\": 2"})",
+          R"({"user":{"Password":["secret",{"b":"secret"}],"z":1}})",
+          R"({"newPassword":{"a":"secret"}})",
+          R"({"password":"secret","title":"password","request":"user"})"}) {
+        QTest::newRow(text) << QByteArray(text);
+    }
+}
+
+void NetworkParserTest::passwordsStayOutOfTheLog()
+{
+    QFETCH(QByteArray, message);
+    Data::debugMode = true;
+    Bench bench;
+    bench.ask(0, 0);
+    const QJsonObject fields = QJsonDocument::fromJson(message).object();
+    QJsonObject reply = fields;
+    reply.insert(QStringLiteral("order"), 0);
+    reply.insert(QStringLiteral("response"), QStringLiteral("success"));
+    bench.parse(QJsonDocument(reply).toJson());
+    bench.parse(message);
+    Data::debugMode = false;
+    QVERIFY(bench.log.hasLineWith(QStringLiteral("***")));
+    QVERIFY(!bench.log.hasLineWith(QStringLiteral("cret")));
+    // What is left is still the message, in either form of its text.
+    for (const auto form : {QJsonDocument::Indented, QJsonDocument::Compact}) {
+        const QByteArray kept = redacted(QJsonDocument(reply).toJson(form));
+        QCOMPARE(QJsonDocument::fromJson(kept).object().keys(), reply.keys());
+        QVERIFY(!kept.contains("cret"));
+    }
 }
 
 QTEST_GUILESS_MAIN(NetworkParserTest)

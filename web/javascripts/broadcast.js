@@ -1,23 +1,4 @@
-// Live broadcasts from the operator's microphone: their dialog, and the gong.
-
-var buttonsTimer = null;
-
-// Shows the buttons of the dialog that fit, and lets them be used after half a second.
-function showBroadcastState(isRunning, delay) {
-    $("#translation_text").text(
-        isRunning ? 'Нажмите кнопку "Остановить" для остановки трансляции' : 'Нажмите кнопку "Старт" для начала трансляции'
-    );
-    $("#translation_button_stop").toggle(isRunning);
-    $("#translation_button_start, #translation_button_close").toggle(!isRunning);
-    var buttons = $("#modalAudioTranslation .btn");
-    clearTimeout(buttonsTimer);
-    buttons.prop("disabled", delay > 0);
-    if (delay > 0) {
-        buttonsTimer = setTimeout(function () {
-            buttons.prop("disabled", false).filter(":visible").first().focus();
-        }, delay);
-    }
-}
+// Live broadcasts from the operator's microphone: their dialog, and the button that opens it.
 
 function broadcastVolume() {
     var slider = $("<input type='range' class='slider' id='volume_value' min='0' max='100' step='1' value='50'>")
@@ -33,28 +14,100 @@ function broadcastButton(id, kind, text, action) {
     return $("<button type='button' class='btn'>").attr("id", id).addClass(kind).text(text).on("click", action);
 }
 
-// Builds the dialog of one kind of broadcast, "microphone" or "alarm", and the notices about it.
+const startPatience = 10000; // milliseconds that a start may take before it can be called off
+
+function clockText(seconds) {
+    return ("0" + Math.floor(seconds / 60)).slice(-2) + ":" + ("0" + (seconds % 60)).slice(-2);
+}
+
+// Builds the dialog of one kind of broadcast, "microphone" or "alarm", and the notices about it. The
+// microphone never runs without it.
 function buildBroadcastDialog(type, hasVolume) {
-    var footer = $("<div class='modal-footer'>").append(
-        broadcastButton("translation_button_stop", "btn-danger", "Остановить", wrapper_Playback_StopRedirection),
-        broadcastButton("translation_button_close", "btn-default", "Закрыть", modalAudioTranslationHide),
-        broadcastButton("translation_button_start", "btn-primary accept", "Старт", function () {
-            wrapper_Playback_StartRedirection(selectedDevices().join(), type, "overlap");
-        })
+    let state = "idle"; // or "starting", "overdue", "running"
+    let buttonsTimer = null;
+    let airTimer = null;
+    let devices = []; // the units that are spoken to
+
+    function showAirTime(seconds) {
+        $("#translation_air").text("Устройств: " + devices.length + ", в эфире " + clockText(seconds));
+        airTimer = setTimeout(() => showAirTime(seconds + 1), 1000);
+    }
+
+    // Lets the buttons be used after the delay, in milliseconds.
+    function enableButtons(delay) {
+        const buttons = $("#modalAudioTranslation .modal-footer .btn");
+        clearTimeout(buttonsTimer);
+        buttons.prop("disabled", delay > 0);
+        if (delay > 0) {
+            buttonsTimer = setTimeout(() => {
+                buttons.prop("disabled", false).filter(":visible").first().focus();
+            }, delay);
+        }
+    }
+
+    function showState(next, delay) {
+        const isRunning = next === "running";
+        state = next;
+        clearTimeout(airTimer);
+        $("#modalAudioTranslation .modal-title").text(isRunning ? "Идет трансляция" : "Начало трансляции");
+        $("#translation_text").text(
+            isRunning ? 'Нажмите кнопку "Остановить" для остановки трансляции' : 'Нажмите кнопку "Старт" для начала трансляции'
+        );
+        $("#translation_air").empty();
+        $("#modalAudioTranslation").toggleClass("on_air", isRunning);
+        $("#translation_button_stop").toggle(isRunning);
+        $("#translation_button_start, #translation_button_close").toggle(!isRunning);
+        enableButtons(delay);
+        if (isRunning) {
+            showAirTime(0);
+        }
+    }
+
+    function start() {
+        devices = selectedDevices();
+        if (devices.length === 0) {
+            modalSelectingKelpasShow(); // to the server no targets would mean all
+            return;
+        }
+        state = "starting";
+        clearTimeout(buttonsTimer);
+        $("#modalAudioTranslation .modal-footer .btn").prop("disabled", true);
+        buttonsTimer = setTimeout(() => {
+            state = "overdue";
+            $("#translation_button_close").prop("disabled", false).focus();
+        }, startPatience);
+        wrapper_Playback_StartRedirection(devices.join(), type, "overlap");
+    }
+
+    // A start that nobody has answered may still come about.
+    function close() {
+        if (state === "overdue") {
+            wrapper_Playback_StopRedirection();
+        }
+        modalAudioTranslationHide();
+    }
+
+    const footer = $("<div class='modal-footer'>").append(
+        broadcastButton("translation_button_stop", "btn-danger", "Остановить", () => wrapper_Playback_StopRedirection()),
+        broadcastButton("translation_button_close", "btn-default", "Закрыть", close),
+        broadcastButton("translation_button_start", "btn-primary accept", "Старт", start)
     );
-    var body = $("<div class='modal-body'>").append("<p id='translation_text'>", hasVolume ? broadcastVolume() : []);
-    var dialog = $(
-        "<div class='modal fade' id='modalAudioTranslation' tabindex='-1' data-backdrop='static' data-keyboard='false'>"
-    ).append(
-        $("<div class='modal-dialog'>").append(
-            $("<div class='modal-content'>").append(
-                $("<div class='modal-header'>").append($("<h4 class='modal-title'>").text("Начало трансляции")),
-                body,
-                footer
+    const body = $("<div class='modal-body'>").append(
+        "<p id='translation_text'>",
+        "<p id='translation_air' class='digits'>",
+        hasVolume ? broadcastVolume() : []
+    );
+    $("<div class='modal fade' id='modalAudioTranslation' tabindex='-1' data-backdrop='static' data-keyboard='false'>")
+        .append(
+            $("<div class='modal-dialog'>").append(
+                $("<div class='modal-content'>").append(
+                    $("<div class='modal-header'>").append($("<h4 class='modal-title'>").text("Начало трансляции")),
+                    body,
+                    footer
+                )
             )
         )
-    );
-    $(loadingRegion).append(dialog);
+        .appendTo(regions.place());
     notice("showTranslationError", {
         id: "modalAudioTranslationError",
         title: "Ошибка",
@@ -64,35 +117,39 @@ function buildBroadcastDialog(type, hasVolume) {
         title: "Уведомление",
         text: "Вещание остановлено другим пользователем.",
     });
-    showBroadcastState(false, 0);
-}
-
-// The button "Пуск".
-function modalAudioTranslationShow() {
-    if (selectedDevices().length === 0) {
-        modalSelectingKelpasShow();
-        return;
-    }
-    showBroadcastState(false, 0);
-    $("#modalAudioTranslation").modal("show");
-}
-
-function modalAudioTranslationStarted() {
-    showBroadcastState(true, 500);
-}
-
-function modalAudioTranslationStoped() {
-    showBroadcastState(false, 500);
-}
-
-function modalAudioTranslationHide() {
-    $("#modalAudioTranslation").modal("hide");
-    showBroadcastState(false, 0);
-}
-
-function modalAudioTranslationStartError() {
-    modalAudioTranslationHide();
-    showTranslationError();
+    page({
+        // The button "Пуск".
+        modalAudioTranslationShow: function () {
+            if (selectedDevices().length === 0) {
+                modalSelectingKelpasShow();
+                return;
+            }
+            showState("idle", 0);
+            $("#modalAudioTranslation").modal("show");
+        },
+        modalAudioTranslationStarted: function () {
+            showState("running", 500);
+            $("#modalAudioTranslation").modal("show");
+        },
+        modalAudioTranslationStoped: () => showState("idle", 500),
+        modalAudioTranslationHide: function () {
+            $("#modalAudioTranslation").modal("hide");
+            showState("idle", 0);
+        },
+        modalAudioTranslationStartError: function () {
+            modalAudioTranslationHide();
+            showTranslationError();
+        },
+    });
+    // Whatever takes the page away takes the microphone off the air.
+    $("#modal").on("leave", function () {
+        clearTimeout(airTimer);
+        clearTimeout(buttonsTimer);
+        if (state !== "idle") {
+            wrapper_Playback_StopRedirection();
+        }
+    });
+    showState("idle", 0);
 }
 
 // The button that opens the dialog, in the bottom bar.
@@ -102,51 +159,7 @@ function buildBroadcastBar(kind) {
         $("<button type='button' class='btn push_right' id='translation_start'>")
             .addClass(kind)
             .append($("<i class='fa fa-microphone'>"), document.createTextNode(" Пуск"))
-            .on("click", modalAudioTranslationShow)
+            .on("click", () => modalAudioTranslationShow())
     );
     showSelection();
-}
-
-// The gong. It may run on while its page isn't on show.
-
-var runningGong = 0;
-
-function gongButton(text, icon, kind, action) {
-    return $("<button type='button' class='btn'>")
-        .addClass(kind)
-        .append($("<i class='fa'>").addClass(icon), document.createTextNode(" " + text))
-        .on("click", action);
-}
-
-function showGongButton() {
-    $("#gongRow")
-        .empty()
-        .append(
-            runningGong === 0
-                ? gongButton("Гонг", "fa-bell-o", "btn-primary", playback_startGong)
-                : gongButton("Стоп", "fa-stop", "btn-danger", function () {
-                      wrapperStopPlay(runningGong);
-                  })
-        );
-}
-
-function gongStart(id) {
-    runningGong = id;
-    showGongButton();
-}
-
-function gongStop() {
-    runningGong = 0;
-    showGongButton();
-}
-
-function playback_startGong() {
-    var gong = $("#gongs").val();
-    if (!gong) {
-        modalSelectingAudioSourceShow();
-    } else if (selectedDevices().length === 0) {
-        modalSelectingKelpasShow();
-    } else {
-        wrapperPlayPlaylistAndTrack(gongCategory, Number(gong), selectedDevices().join(), "overlap", "track", 1, "stop");
-    }
 }

@@ -1,10 +1,12 @@
 // The clock of the header: the server's time as last told, running on this machine's timer.
 
-var clockTimer = null;
+window.startTime = (function () {
+    let timer = null;
 
-function startTime() {
-    currentTime.add(1, "second");
-    $("#clock").text(currentTime.format("HH:mm:ss"));
-    clearTimeout(clockTimer);
-    clockTimer = setTimeout(startTime, 1000);
-}
+    return function () {
+        currentTime.add(1, "second");
+        $("#clock").text(currentTime.format("HH:mm:ss"));
+        clearTimeout(timer);
+        timer = setTimeout(startTime, 1000);
+    };
+})();

@@ -1,6 +1,6 @@
 // What several pages show of a unit.
 
-var playbackIcons = {
+const playbackIcons = {
     "-4": "btn-danger fa-microphone",
     "-3": "btn-danger fa-upload",
     "-2": "btn-danger fa-upload",
@@ -15,7 +15,7 @@ var playbackIcons = {
     7: "btn-default fa-bell-o",
 };
 
-var allPlaybackIcons = Object.keys(playbackIcons).map(function (number) {
+const allPlaybackIcons = Object.keys(playbackIcons).map(function (number) {
     return playbackIcons[number];
 });
 
@@ -44,7 +44,7 @@ function setOneClass(selector, classes, chosen) {
     });
 }
 
-var statusModes = ["btn-success", "btn-warning", "btn-danger"];
+const statusModes = ["btn-success", "btn-warning", "btn-danger"];
 
 function setMode(element, mode) {
     setOneClass(element, statusModes, mode);
@@ -152,4 +152,14 @@ function showCardsOfZone(kind, zoneId) {
         zoneId === 0 ? kind : kind + ".zone_device_" + zoneId,
         zoneId === 0 ? "Нет устройств" : "В этой зоне нет устройств"
     );
+}
+
+// The page of one unit.
+function wrapperLoadDeviceInfo(id) {
+    deviceForLoad = id;
+    loadMainBody("device_info");
+    loadSideMenu("device_list");
+    loadTopMenu("device_info");
+    loadBotMenu("device_info");
+    loadModal("device_info");
 }

@@ -1,6 +1,6 @@
 // What the forms of administration and settings have in common.
 
-var longestName = 32;
+const longestName = 32;
 
 // Keeps a name field to the characters and the length that a name may have.
 function limitName(selector) {

@@ -1,7 +1,6 @@
-// The card of a unit: what the pages with cards have in common. A page that shows more of a unit
-// defines its own `wrapperInput_device_add` behind this file.
+// The card of a unit: what the pages with cards have in common.
 
-var linkStates = {
+const linkStates = {
     0: {name: "offline", word: "Отключен"},
     1: {name: "incoming", word: "Подключение"},
     2: {name: "online", word: "Подключен"},
@@ -74,22 +73,6 @@ function addPlaybackCard(id, name, status, playbackClass, content, action) {
     showEmptyList();
 }
 
-function wrapperInput_device_add(id, name, status, volume, playback, zonePermission, playbackClass) {
-    var icons = $("<div class='tile_icons'>").append(playingIcon(id, playback), taskIcon(id), selectIcon(id));
-    addPlaybackCard(id, name, status, playbackClass, icons, device_select);
-}
-
-function wrapperInput_device_delete(id) {
-    $(".device_" + id).remove();
-    wallHasChanged();
-    showEmptyList();
-    showSelection();
-}
-
-function wrapperInput_device_setName(id, name) {
-    $("#device_name_" + id).text(name).attr("title", name);
-}
-
 // A state stream mostly repeats what is known.
 function showLink(id, status) {
     var card = findCard(id);
@@ -117,42 +100,6 @@ function showLink(id, status) {
     showEmptyList();
 }
 
-function wrapperInput_device_linkOn(id) {
-    showLink(id, 2);
-}
-
-function wrapperInput_device_linkIncoming(id) {
-    showLink(id, 1);
-}
-
-function wrapperInput_device_linkOff(id) {
-    showLink(id, 0);
-}
-
-function wrapperInput_device_setVolume(id, volume) {
-    $("#device_volume_" + id)
-        .css("width", volume + "%")
-        .data("value", volume)
-        .parent()
-        .attr("title", "Громкость: " + volume);
-}
-
-function wrapperInput_device_setPlaybackCategory(id, playback) {
-    setOneClass("#device_playing_" + id, allPlaybackIcons, getPlaybackIcon(playback));
-}
-
-function wrapperInput_device_setPlayback(id, oldPlayback, playback) {
-    var card = findCard(id);
-    if (card && card.classList.contains("playback_device")) {
-        $(card).removeClass("playback_" + oldPlayback).addClass("playback_" + playback);
-        showEmptyList();
-    }
-}
-
-function wrapperInput_device_setTask(id, taskId, title) {
-    $("#device_task_" + id).attr("title", "Расписание: " + title).toggleClass("hidden", taskId <= 0);
-}
-
 function setZoneOfCard(zoneId, deviceId, isIncluded) {
     var card = findCard(deviceId);
     if (card && card.classList.contains("zone_device_" + zoneId) !== isIncluded) {
@@ -162,17 +109,65 @@ function setZoneOfCard(zoneId, deviceId, isIncluded) {
     }
 }
 
-function wrapperInput_zone_includeDevice(zoneId, deviceId) {
-    setZoneOfCard(zoneId, deviceId, true);
-}
-
-function wrapperInput_zone_excludeDevice(zoneId, deviceId) {
-    setZoneOfCard(zoneId, deviceId, false);
-}
-
-function device_select(id) {
-    var button = $("#device_button_" + id);
-    if (!button.hasClass("disabled")) {
-        setTicks(button, !button.hasClass("fa-check-square-o"));
-    }
+// What a page with cards answers to. `own` has what the page does in another way, or beyond that.
+function unitCards(own) {
+    return $.extend(
+        {
+            wrapperInput_device_add: function (id, name, status, volume, playback, zonePermission, playbackClass) {
+                var icons = $("<div class='tile_icons'>").append(playingIcon(id, playback), taskIcon(id), selectIcon(id));
+                addPlaybackCard(id, name, status, playbackClass, icons, device_select);
+            },
+            wrapperInput_device_delete: function (id) {
+                $(".device_" + id).remove();
+                wallHasChanged();
+                showEmptyList();
+                showSelection();
+            },
+            wrapperInput_device_setName: function (id, name) {
+                $("#device_name_" + id).text(name).attr("title", name);
+            },
+            wrapperInput_device_linkOn: function (id) {
+                showLink(id, 2);
+            },
+            wrapperInput_device_linkIncoming: function (id) {
+                showLink(id, 1);
+            },
+            wrapperInput_device_linkOff: function (id) {
+                showLink(id, 0);
+            },
+            wrapperInput_device_setVolume: function (id, volume) {
+                $("#device_volume_" + id)
+                    .css("width", volume + "%")
+                    .data("value", volume)
+                    .parent()
+                    .attr("title", "Громкость: " + volume);
+            },
+            wrapperInput_device_setPlaybackCategory: function (id, playback) {
+                setOneClass("#device_playing_" + id, allPlaybackIcons, getPlaybackIcon(playback));
+            },
+            wrapperInput_device_setPlayback: function (id, oldPlayback, playback) {
+                var card = findCard(id);
+                if (card && card.classList.contains("playback_device")) {
+                    $(card).removeClass("playback_" + oldPlayback).addClass("playback_" + playback);
+                    showEmptyList();
+                }
+            },
+            wrapperInput_device_setTask: function (id, taskId, title) {
+                $("#device_task_" + id).attr("title", "Расписание: " + title).toggleClass("hidden", taskId <= 0);
+            },
+            wrapperInput_zone_includeDevice: function (zoneId, deviceId) {
+                setZoneOfCard(zoneId, deviceId, true);
+            },
+            wrapperInput_zone_excludeDevice: function (zoneId, deviceId) {
+                setZoneOfCard(zoneId, deviceId, false);
+            },
+            device_select: function (id) {
+                var button = $("#device_button_" + id);
+                if (!button.hasClass("disabled")) {
+                    setTicks(button, !button.hasClass("fa-check-square-o"));
+                }
+            },
+        },
+        own
+    );
 }

@@ -1,107 +1,132 @@
 // The login page: its form, its list of servers, and what native code tells it.
 
-var roleChanged = false;
-var dialogsLoaded = false;
+(function () {
+    let roleChanged = false;
+    let dialogsLoaded = false;
+    let paintTimer = null;
+    let isWaiting = false; // for the end of a login
 
-function selectedServer() {
-    return $("#serverSelect").val();
-}
+    function showWait(text) {
+        isWaiting = true;
+        $("#login").prop("disabled", true);
+        $("#login_status").text(text);
+    }
 
-// Connecting blocks the page for a moment, so what goes on is painted before it begins.
-function tryLogin() {
-    if (!selectedServer()) {
-        modalNoServerShow();
-        return;
-    }
-    if ($("#login").prop("disabled")) {
-        return;
-    }
-    $("#login").prop("disabled", true);
-    $("#login_status").text("Подключение к серверу…");
-    setTimeout(function () {
-        wrapper.login_tryLogin($("#name").val(), $("#password").val(), selectedServer());
+    function endWait() {
+        isWaiting = false;
         $("#login").prop("disabled", false);
         $("#login_status").text("");
-    }, 30);
-}
-
-function toggleLoginForm() {
-    var long = !$("#widget").hasClass("long");
-    $("#widget").toggleClass("long", long);
-    $("#serverRow").toggle(long);
-    $("#settings").text(long ? "Сокращенные" : "Расширенные");
-}
-
-function loadServerList() {
-    whenWrapperIsThere(function () {
-        wrapper.login_serverList();
-    });
-}
-
-function addServerOption(ip, port, isDefault) {
-    var address = ip + "/" + port;
-    $("<option>").val(address).text(address).appendTo("#serverSelect");
-    if (isDefault === 1) {
-        $("#serverSelect").val(address);
     }
-    $("#serverSelect").trigger("change");
-}
 
-function deleteServer() {
-    var address = selectedServer();
-    if (!address) {
-        return;
-    }
-    wrapper.login_deleteServer(address);
-    $("#serverSelect").empty();
-    wrapper.login_serverList();
-    $("#serverSelect").trigger("change");
-}
-
-function modalLoginVersionError(clientVersion, serverVersion) {
-    if (clientVersion > serverVersion) {
-        modalServerOldShow();
-    } else {
-        modalClientOldShow();
-    }
-}
-
-function modalRoleChangedShow() {
-    roleChanged = true;
-    showRoleChanged();
-}
-
-function showRoleChanged() {
-    if (roleChanged && dialogsLoaded) {
-        modalRoleChanged();
-    }
-}
-
-function loginDialogsLoaded() {
-    dialogsLoaded = true;
-    showRoleChanged();
-}
-
-$(document).ready(function () {
-    $("#serverSelect").select2({
-        language: "ru",
-        minimumResultsForSearch: 8,
-        placeholder: "Сервер не выбран",
-        width: "auto",
+    page({
+        selectedServer: function () {
+            return $("#serverSelect").val();
+        },
+        // Connecting blocks the page for a moment, so what goes on is painted before it begins.
+        tryLogin: function () {
+            if (!selectedServer()) {
+                modalNoServerShow();
+                return;
+            }
+            if (isWaiting) {
+                return;
+            }
+            showWait("Подключение к серверу…");
+            setTimeout(() => {
+                wrapper.login_tryLogin($("#name").val(), $("#password").val(), selectedServer());
+                if (isWaiting) {
+                    // It is on its way, and isn't needed here any more.
+                    $("#password").val("");
+                    showWait("Ожидание ответа сервера…");
+                }
+            }, 30);
+        },
+        // The end of an attempt, or of a session, in a line of the page.
+        wrapperInput_login_setMessage: function (text) {
+            endWait();
+            $("#login_status").text(text);
+        },
+        modalErrorShow: function (text) {
+            endWait();
+            modalLoginErrorShow(text);
+        },
+        toggleLoginForm: function () {
+            var long = !$("#widget").hasClass("long");
+            $("#widget").toggleClass("long", long);
+            $("#serverRow").toggle(long);
+            $("#settings").text(long ? "Сокращенные" : "Расширенные");
+        },
+        loadServerList: function () {
+            whenWrapperIsThere(function () {
+                wrapper.login_serverList();
+            });
+        },
+        // Of many thousand, the box is painted once.
+        addServerOption: function (ip, port, isDefault) {
+            const address = ip + "/" + port;
+            const option = new Option(address, address);
+            $("#serverSelect")[0].appendChild(option);
+            if (isDefault === 1) {
+                option.selected = true;
+            }
+            clearTimeout(paintTimer);
+            paintTimer = setTimeout(() => $("#serverSelect").trigger("change"), 0);
+        },
+        deleteServer: function () {
+            var address = selectedServer();
+            if (!address) {
+                return;
+            }
+            wrapper.login_deleteServer(address);
+            $("#serverSelect").empty();
+            wrapper.login_serverList();
+            $("#serverSelect").trigger("change");
+        },
+        modalLoginVersionError: function (clientVersion, serverVersion) {
+            endWait();
+            if (clientVersion > serverVersion) {
+                modalServerOldShow();
+            } else {
+                modalClientOldShow();
+            }
+        },
+        // The dialog may be still on its way.
+        modalRoleChangedShow: function () {
+            roleChanged = true;
+            showRoleChanged();
+        },
+        showRoleChanged: function () {
+            if (roleChanged && dialogsLoaded) {
+                modalRoleChanged();
+            }
+        },
+        loginDialogsLoaded: function () {
+            dialogsLoaded = true;
+            showRoleChanged();
+        },
     });
-    $("#login").on("click", tryLogin);
-    $("#settings").on("click", toggleLoginForm);
-    $("#exit").on("click", wrapper_Global_exit);
-    $("#addServerButton").on("click", function () {
-        modalAddServerShow();
+
+    $(document).ready(function () {
+        $("#serverSelect").select2({
+            language: "ru",
+            minimumResultsForSearch: 8,
+            placeholder: "Сервер не выбран",
+            width: "auto",
+        });
+        $("#login").on("click", () => tryLogin());
+        $("#settings").on("click", () => toggleLoginForm());
+        $("#exit").on("click", () => wrapper_Global_exit());
+        $("#addServerButton").on("click", function () {
+            modalAddServerShow();
+        });
+        $("#deleteServerButton").on("click", () => deleteServer());
+        $("#widget").on("keydown", "input", function (event) {
+            if (event.which === 13) {
+                tryLogin();
+            }
+        });
+        regions.load("#add_server", "modal/login.html");
+        loadServerList();
+        $("#name").focus();
     });
-    $("#deleteServerButton").on("click", deleteServer);
-    $("#widget").on("keydown", "input", function (event) {
-        if (event.which === 13) {
-            tryLogin();
-        }
-    });
-    loadRegion("#add_server", "modal/login.html");
-    loadServerList();
-    $("#name").focus();
-});
+})();

@@ -24,7 +24,6 @@ function dialogButton(button, kind) {
 //   opened    called whenever the dialog opens
 //   other     the third, between the two: {text: ..., action: function}
 function notice(name, options) {
-    var region = loadingRegion || "body";
     var body = $("<div class='modal-body'>");
     [].concat(options.text || []).forEach(function (line) {
         body.append($("<p>").text(line));
@@ -52,9 +51,8 @@ function notice(name, options) {
                 )
             )
         );
-    $(region).append(dialog);
-    (regionNotices[region] = regionNotices[region] || []).push(name);
-    window[name] = function (argument) {
+    $(regions.place()).append(dialog);
+    function open(argument) {
         if (options.argument) {
             $("#" + options.argument).text(argument);
         }
@@ -62,5 +60,12 @@ function notice(name, options) {
         if (options.opened) {
             options.opened();
         }
-    };
+    }
+    page({
+        [name]: options.argument
+            ? open
+            : function () {
+                  open();
+              },
+    });
 }

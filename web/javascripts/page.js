@@ -1,60 +1,176 @@
-// The loaders of the frame's regions.
+// The regions of the frame: what is loaded into them, and the functions that a fragment answers to
+// while it is on show.
 
-var regionLoads = {}; // per region, the number of the load that counts
-var regionNotices = {}; // per region, the functions of the notices that its fragment declared
-var loadingRegion = null; // the region whose fragment is being put in
+const regions = (function () {
+    // A name that several regions answer to is called in this order.
+    const order = [
+        "frame",
+        "#top_menu",
+        "#side_menu",
+        "#main",
+        "#bot_menu",
+        "#modal",
+        "#block",
+        "#microphoneBlock",
+        "#warningBlock",
+        "#add_server",
+    ];
+    const listeners = {}; // per name, its functions by region
+    const loads = {}; // per region, the number of the load that counts
+    let current = "frame"; // the region whose fragment is being put in
 
-// Puts a fragment in. The one that goes hears "leave" at its region, to end what it has under way.
-function openRegionFragment(region, text) {
-    $(region).find(".modal").each(endDialog);
-    (regionNotices[region] || []).forEach(function (name) {
-        delete window[name];
-    });
-    regionNotices[region] = [];
-    $(region).triggerHandler("leave");
-    $(region).off("leave");
-    loadingRegion = region;
-    $(region).html(text);
-    loadingRegion = null;
+    // One that fails doesn't keep the others from being called.
+    function callAll(functions) {
+        return function () {
+            let result;
+            functions.forEach((one) => {
+                try {
+                    result = one.apply(null, arguments);
+                } catch (error) {
+                    console.error(error);
+                }
+            });
+            return result;
+        };
+    }
+
+    // Makes the name a function of the window, as long as some region answers to it.
+    function install(name) {
+        const functions = order.filter((region) => listeners[name][region]).map((region) => listeners[name][region]);
+        if (functions.length === 0) {
+            delete listeners[name];
+            delete window[name];
+        } else {
+            window[name] = functions.length === 1 ? functions[0] : callAll(functions);
+        }
+    }
+
+    function declare(functions) {
+        Object.keys(functions).forEach((name) => {
+            const known = (listeners[name] = listeners[name] || {});
+            if (known[current]) {
+                throw new Error("Declared twice in " + current + ": " + name);
+            }
+            known[current] = functions[name];
+            install(name);
+        });
+    }
+
+    function forget(region) {
+        Object.keys(listeners).forEach((name) => {
+            if (listeners[name][region]) {
+                delete listeners[name][region];
+                install(name);
+            }
+        });
+    }
+
+    // Takes away what a region holds. Its fragment hears "leave" first, to end what it has under way.
+    function empty(region) {
+        $(region).find(".modal").each(endDialog);
+        $(region).triggerHandler("leave");
+        $(region).off("leave");
+        forget(region);
+        undressSelects(region);
+        $(region).empty();
+        forgetUndressed();
+    }
+
+    function put(region, text) {
+        empty(region);
+        current = region;
+        try {
+            $(region).html(text);
+        } finally {
+            current = "frame";
+        }
+    }
+
+    // Fills a region with a fragment, or empties it where there is none. Of two loads under way the
+    // later one counts.
+    function load(region, path) {
+        const number = (loads[region] || 0) + 1;
+        loads[region] = number;
+        $.ajax({url: path, dataType: "html"}).always((first, status) => {
+            const text = status === "success" ? first : first.responseText;
+            if (loads[region] === number) {
+                put(region, text || "");
+            }
+        });
+    }
+
+    return {
+        load: load,
+        declare: declare,
+        // Where the fragment that is being loaded stands; the frame's own dialogs hang on the body.
+        place: () => (current === "frame" ? "body" : current),
+        // For tests: {name: {region: number of arguments}}
+        declared: function () {
+            const result = {};
+            Object.keys(listeners).forEach((name) => {
+                result[name] = {};
+                Object.keys(listeners[name]).forEach((region) => {
+                    result[name][region] = listeners[name][region].length;
+                });
+            });
+            return result;
+        },
+    };
+})();
+
+// Declares what native code and other fragments may call while the fragment that is being loaded is
+// on show: {name: function, …}. The names go with it.
+function page(functions) {
+    regions.declare(functions);
 }
 
-// Fills a region with a fragment, or empties it where there is none. Of two loads under way the
-// later one counts.
-function loadRegion(region, path) {
-    var load = (regionLoads[region] || 0) + 1;
-    regionLoads[region] = load;
-    $.ajax({url: path, dataType: "html"}).always(function (first, status) {
-        var text = status === "success" ? first : first.responseText;
-        if (regionLoads[region] === load) {
-            openRegionFragment(region, text || "");
+// The select library keeps the chosen option of each box in a store of its own, where it would hold
+// the box, and with it all that the box stood in, for good.
+
+function undressSelects(region) {
+    $(region)
+        .find("select.select2-hidden-accessible")
+        .each(function () {
+            $(this).select2("close").select2("destroy");
+        });
+}
+
+function forgetUndressed() {
+    if (!$.fn.select2) {
+        return;
+    }
+    const store = $.fn.select2.amd.require("select2/utils").__cache;
+    Object.keys(store).forEach((id) => {
+        if (!document.querySelector("[data-select2-id='" + id + "']")) {
+            delete store[id];
         }
     });
 }
 
 function loadTopMenu(name) {
-    loadRegion("#top_menu", "menu/top/" + name + ".html");
+    regions.load("#top_menu", "menu/top/" + name + ".html");
 }
 
 function loadSideMenu(name) {
-    loadRegion("#side_menu", "menu/side/" + name + ".html");
+    regions.load("#side_menu", "menu/side/" + name + ".html");
 }
 
 function loadMainBody(name) {
-    loadRegion("#main", name + ".html");
+    regions.load("#main", name + ".html");
 }
 
 function loadBotMenu(name) {
-    loadRegion("#bot_menu", "menu/bot/" + name + ".html");
+    regions.load("#bot_menu", "menu/bot/" + name + ".html");
 }
 
 function loadModal(name) {
-    loadRegion("#modal", "modal/" + name + ".html");
+    regions.load("#modal", "modal/" + name + ".html");
 }
 
 function loadBlock() {
-    loadRegion("#block", "modal/block.html");
-    loadRegion("#microphoneBlock", "modal/microphone_access.html");
-    loadRegion("#warningBlock", "modal/warning_access.html");
+    regions.load("#block", "modal/block.html");
+    regions.load("#microphoneBlock", "modal/microphone_access.html");
+    regions.load("#warningBlock", "modal/warning_access.html");
 }
 
 function loadHomePage() {
@@ -74,9 +190,7 @@ function showTab(id) {
 
 // Native code switches a page by itself: the tab follows once the page's top menu is there.
 function changeMenu(id) {
-    setTimeout(function () {
-        showTab(id);
-    }, 500);
+    setTimeout(() => showTab(id), 500);
 }
 
 // Leaves a section that the operator may no longer use. The screen lock stays as it is.
@@ -92,9 +206,7 @@ function barButton(id, kind, icon, text, action) {
         .attr("id", id)
         .addClass(kind)
         .append($("<i class='fa'>").addClass(icon), document.createTextNode(" " + text))
-        .on("click", function () {
-            action();
-        });
+        .on("click", () => action());
 }
 
 // Puts "Назад" into the bottom bar, which leads to the home page or where `back` says, and
@@ -109,9 +221,7 @@ function buildBackBar(save, back) {
 // Waits until native code has published its object.
 function whenWrapperIsThere(action) {
     if (typeof wrapper === "undefined") {
-        setTimeout(function () {
-            whenWrapperIsThere(action);
-        }, 100);
+        setTimeout(() => whenWrapperIsThere(action), 100);
     } else {
         action();
     }

@@ -42,7 +42,7 @@ function buildPasswordDialog(options) {
                 )
             )
         )
-        .appendTo(loadingRegion);
+        .appendTo(regions.place());
 }
 
 function openPasswordDialog(dialog, group) {

@@ -1,11 +1,8 @@
 // What the pages of playback share: rows of a folder, the settings of a start, its dialogs.
 
-var currentPlaylist = 0; // the folder whose rows the page shows
-var currentTrack = 0; // the track picked for a start
-
-var radioCategory = 1;
-var alarmCategory = 6;
-var gongCategory = 7;
+const radioCategory = 1;
+const alarmCategory = 6;
+const gongCategory = 7;
 
 // A whole number of seconds in words.
 function durationText(seconds) {
@@ -58,6 +55,38 @@ function addItemRow(id, title, type, durationShown) {
 function markRow(id, mark) {
     $("#playlistTable ." + mark).removeClass(mark);
     $(itemSelector(id, false)).addClass(mark);
+}
+
+// What every table of a folder's items answers to; `isRadio` tells whether its items have no length.
+function folderRows(isRadio) {
+    function showDuration(row, duration) {
+        row.find(".item_duration").text(rowDurationText(duration, isRadio()));
+    }
+
+    function showTitle(row, title) {
+        row.attr("title", title).find(".item_title").text(title);
+    }
+
+    return {
+        wrapperInput_playback_clearItems: function () {
+            $("#playlistTable tbody").empty();
+        },
+        wrapperInput_playback_deleteTrack: function (id) {
+            $(itemSelector(id, false)).remove();
+        },
+        wrapperInput_playback_setTrackName: function (id, title) {
+            showTitle($(itemSelector(id, false)), title);
+        },
+        wrapperInput_playback_setTrackDuration: function (id, duration) {
+            showDuration($(itemSelector(id, false)), duration);
+        },
+        wrapperInput_playback_setPlaylistName: function (id, title) {
+            showTitle($(itemSelector(id, true)).not(".folder_up"), title);
+        },
+        wrapperInput_playback_setPlaylistDuration: function (id, duration) {
+            showDuration($(itemSelector(id, true)).not(".folder_up"), duration);
+        },
+    };
 }
 
 // The table of a folder's items, which says so when it has none.
@@ -126,19 +155,6 @@ function replaySettings(replayed, action) {
     );
 }
 
-// Starts what is picked, on the ticked units, with the settings of the page.
-function startPlayback(strategy) {
-    wrapperPlayPlaylistAndTrack(
-        currentPlaylist,
-        currentTrack,
-        selectedDevices().join(),
-        strategy,
-        $("#type_track").prop("checked") ? "track" : "list",
-        Math.max(1, Number($("#playback_repeat_count").val())),
-        $("#action_stop").prop("checked") ? "stop" : "pause"
-    );
-}
-
 // The id of the playback that is active in the side menu, -1 if there is none.
 function activePlayback() {
     var card = $("#playbackList .playback_active");
@@ -154,10 +170,11 @@ function updateTransport() {
     $("#pause").prop("disabled", card.length === 0 || isPaused);
 }
 
-var playbackVolume = 50; // of the active playback, which may be told before the bar is there
-
+// The volume of the active playback, which may be told before the bar is there.
 function showVolume() {
-    $("#transport #volume_value").val(playbackVolume).each(paintSlider);
+    $("#transport #volume_value")
+        .val($("#playback_page").data("volume") || 50)
+        .each(paintSlider);
 }
 
 function sendVolume() {
@@ -203,32 +220,13 @@ function buildTransport() {
     updateTransport();
 }
 
-// The button "Начать".
-function createPlayback() {
-    if (currentPlaylist === 0 || currentTrack === 0) {
-        modalSelectingAudioSourceShow();
-    } else if (selectedDevices().length === 0) {
-        modalSelectingKelpasShow();
-    } else {
-        startPlayback("none");
-    }
-}
-
-function modalOverlapAccept() {
-    startPlayback("overlap");
-}
-
-function modalOverlapPartial() {
-    startPlayback("partial");
-}
-
 function buildCreateBar(back) {
     buildBackBar(null, back);
     $("#bot_menu").append(
         $("<span class='quiet ellipsis bar_text' id='selected_devices'>"),
         $("<button type='button' class='btn btn-primary push_right' id='create'>")
             .append($("<i class='fa fa-play'>"), document.createTextNode(" Начать"))
-            .on("click", createPlayback)
+            .on("click", () => createPlayback())
     );
     showSelection();
 }
@@ -281,7 +279,13 @@ function declareSourceDialogs() {
         title: "Ошибка",
         text: "На устройстве/устройствах идет воспроизведение, но его возможно заменить",
         cancel: {text: "Отменить"},
-        other: {text: "На свободные", action: modalOverlapPartial},
-        accept: {text: "Заменить", action: modalOverlapAccept},
+        other: {text: "На свободные", action: () => modalOverlapPartial()},
+        accept: {text: "Заменить", action: () => modalOverlapAccept()},
     });
+}
+
+// Shows what a playback plays.
+function wrapperLoadPlayback(id) {
+    playback_cleanPlaylist();
+    wrapper.playback_loadPlayback(id);
 }

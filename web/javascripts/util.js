@@ -13,8 +13,8 @@ String.prototype.splitByLength = function () {
 };
 
 // The keys of a name field that are refused, by code: with shift, or with or without it.
-var refusedWithShift = {50: "@", 54: "^", 55: "&", 188: "<", 190: ">"};
-var refusedAlways = {191: "/", 220: "\\", 222: "'\""};
+const refusedWithShift = {50: "@", 54: "^", 55: "&", 188: "<", 190: ">"};
+const refusedAlways = {191: "/", 220: "\\", 222: "'\""};
 
 // Bound to onkeydown of name fields: refuses the characters that a name may not hold.
 function checkValue(object, event) {

@@ -1,8 +1,8 @@
 // The wall of tiles of a large fleet: every tile has its place, but only those near the window have
 // contents that are laid out. A change of any other costs next to nothing.
 
-var nearAtFirst = 60; // tiles that are shown before anything has been measured: more than a screen
-var wallPause = 50; // milliseconds that tiles may gather before the wall is looked at again
+const nearAtFirst = 60; // tiles that are shown before anything has been measured: more than a screen
+const wallPause = 50; // milliseconds that tiles may gather before the wall is looked at again
 var wallTimer = null;
 
 // The tiles of the filter within one height of the window above and below it.

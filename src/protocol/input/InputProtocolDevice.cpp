@@ -1,7 +1,7 @@
 #include "protocol/input/InputProtocolDevice.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "model/Device.h"
 #include "model/DeviceWords.h"
 #include "model/ModelList.h"
@@ -25,7 +25,7 @@ std::optional<int> readId(const QJsonObject& message, const char* field)
 {
     const auto id = Fields::integer(message, field);
     if (!id) {
-        Log::message("Dropped push about a unit: no id");
+        Log::dropped(QStringLiteral("Dropped push about a unit: no id"));
     }
     return id;
 }

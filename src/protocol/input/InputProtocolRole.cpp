@@ -1,7 +1,7 @@
 #include "protocol/input/InputProtocolRole.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "model/Role.h"
 #include "network/Fields.h"
 #include "protocol/ProtocolRole.h"
@@ -31,7 +31,7 @@ void inputProtocolRoleCommandReloadChanges(const QJsonObject& message)
 {
     const auto name = Fields::text(message, "name");
     if (!name) {
-        Log::message("Ignored change of a role: no name");
+        Log::dropped(QStringLiteral("Ignored change of a role: no name"));
         return;
     }
     const Role* const known = Data::getRoleByName(*name);

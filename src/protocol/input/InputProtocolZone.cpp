@@ -1,7 +1,7 @@
 #include "protocol/input/InputProtocolZone.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Zone.h"
@@ -40,7 +40,7 @@ void inputProtocolZoneCommandIncludeDevice(const QJsonObject& message)
     const auto deviceId = Fields::integer(message, "deviceId");
     Zone* const zone = zoneId ? Data::getZoneById(*zoneId) : nullptr;
     if (!zone || !deviceId) {
-        Log::message("Ignored inclusion: no unit, or unknown zone");
+        Log::dropped(QStringLiteral("Ignored inclusion: no unit, or unknown zone"));
         return;
     }
     Device* const known = Data::getDeviceById(*deviceId);
@@ -52,7 +52,7 @@ void inputProtocolZoneCommandExcludeDevice(const QJsonObject& message)
     const auto zoneId = Fields::integer(message, "zoneId");
     const auto deviceId = Fields::integer(message, "deviceId");
     if (!zoneId || !deviceId) {
-        Log::message("Ignored exclusion: no zone or no unit");
+        Log::dropped(QStringLiteral("Ignored exclusion: no zone or no unit"));
         return;
     }
     if (Zone* const zone = Data::getZoneById(*zoneId)) {
@@ -60,7 +60,7 @@ void inputProtocolZoneCommandExcludeDevice(const QJsonObject& message)
     }
     Device* const device = Data::getDeviceById(*deviceId);
     if (!device) {
-        Log::message(QStringLiteral("Ignored exclusion: unknown unit %1").arg(*deviceId));
+        Log::dropped(QStringLiteral("Ignored exclusion: unknown unit %1").arg(*deviceId));
         return;
     }
     device->excludeFromZone(*zoneId);

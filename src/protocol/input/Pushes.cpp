@@ -1,7 +1,7 @@
 #include "protocol/input/Pushes.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/Dropped.h"
 #include "protocol/input/InputProtocolDevice.h"
 #include "protocol/input/InputProtocolHelper.h"
 #include "protocol/input/InputProtocolLog.h"
@@ -75,6 +75,6 @@ void routePush(const QJsonObject& message)
     if (row != std::end(pushes) && row->handler) {
         row->handler(message);
     } else {
-        Log::message(QStringLiteral("Dropped push: ") + request + QLatin1Char(' ') + action);
+        Log::dropped(QStringLiteral("Dropped push: ") + request + QLatin1Char(' ') + action);
     }
 }

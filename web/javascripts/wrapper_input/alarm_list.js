@@ -1,19 +1,21 @@
 // The page of the stored alarm announcements: the folder of alarms, and no other category.
 
-function wrapperInput_playback_deletePlaylist(id) {
-    if (id === alarmCategory) {
-        leaveAlarmPage();
-        return;
-    }
-    if (id === currentPlaylist) {
-        playback_loadPlaylist(alarmCategory);
-    }
-    $(itemSelector(id, true)).remove();
-}
+(function () {
+    // Without its folder the page has nothing to show; told more than once, it is left once.
+    let isLeaving = false;
 
-function leaveAlarmPage() {
-    if ($("#alarm_page").length) {
-        $("#alarm_page").remove();
-        leaveForHomePage();
-    }
-}
+    sourcePage({
+        category: alarmCategory,
+        beside: selectionButtons(),
+        replayed: "type_track",
+        action: "action_stop",
+        categoryGone: function () {
+            if (!isLeaving) {
+                isLeaving = true;
+                leaveForHomePage();
+            }
+        },
+    });
+    wrapperLoadSelectKelpaList();
+    playback_loadPlaylist(alarmCategory);
+})();

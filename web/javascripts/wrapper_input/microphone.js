@@ -1,5 +1,11 @@
 // The page of voice broadcasts.
 
-function wrapperInput_playback_setMicrophoneVolume(volume) {
-    $("#modalAudioTranslation #volume_value").val(volume).each(paintSlider);
-}
+page(
+    unitCards({
+        wrapperInput_playback_setMicrophoneVolume: function (volume) {
+            $("#modalAudioTranslation #volume_value").val(volume).each(paintSlider);
+        },
+    })
+);
+$("#broadcast_page").append(devicePanel(selectionButtons()));
+wrapperLoadSelectKelpaList();

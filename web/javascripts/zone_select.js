@@ -30,20 +30,23 @@ function refreshZoneSelect() {
     $("#zone_select").trigger("change.select2");
 }
 
-function wrapperInput_zone_add(id, parentId, name, parentName) {
-    if (id !== 1 && zoneOption(id).length === 0) {
-        $("<option>").val(id).text(zoneOptionText(name, parentName)).appendTo("#zone_select");
-    }
-}
-
-function wrapperInput_zone_setName(id, name, parentName) {
-    renameOption(zoneOption(id), zoneOptionText(name, parentName));
-}
-
-function wrapperInput_zone_delete(id) {
-    var wasChosen = chosenZone() === id;
-    zoneOption(id).remove();
-    if (wasChosen) {
-        $("#zone_select").val(0).trigger("change");
-    }
+// What a page with such a box answers to.
+function zoneOptions() {
+    return {
+        wrapperInput_zone_add: function (id, parentId, name, parentName) {
+            if (id !== 1 && zoneOption(id).length === 0) {
+                $("<option>").val(id).text(zoneOptionText(name, parentName)).appendTo("#zone_select");
+            }
+        },
+        wrapperInput_zone_setName: function (id, name, parentName) {
+            renameOption(zoneOption(id), zoneOptionText(name, parentName));
+        },
+        wrapperInput_zone_delete: function (id) {
+            const wasChosen = chosenZone() === id;
+            zoneOption(id).remove();
+            if (wasChosen) {
+                $("#zone_select").val(0).trigger("change");
+            }
+        },
+    };
 }
