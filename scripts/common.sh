@@ -79,3 +79,16 @@ build() {
     fi
     cmake --build "$folder" --parallel "$(nproc)" ${1:+--target "$@"} >&2
 }
+
+# fetch_page_tools FOLDER: the tools of web/package-lock.json, into FOLDER, unless they are there.
+# Two checks may want them at the same time.
+fetch_page_tools() {
+    mkdir -p "$1"
+    (
+        flock 9
+        cmp -s web/package-lock.json "$1/fetched-lock.json" && exit
+        cp web/package.json web/package-lock.json web/.npmrc "$1"
+        cd "$1" && npm ci --no-audit --no-fund --loglevel=error
+        cp package-lock.json fetched-lock.json
+    ) 9>"$1/lock"
+}

@@ -1,10 +1,10 @@
 #include "app/Configuration.h"
 
 #include "log/LogSettings.h"
+#include "storage/SafeFile.h"
 
 #include <QAudioDeviceInfo>
 #include <QCoreApplication>
-#include <QDir>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -60,7 +60,15 @@ QString fingerprintFile()
 void makeFolders()
 {
     for (const QString& path : {makerFolder(), messageFolder(), logFolder(), firmwareFolder()}) {
-        QDir().mkpath(path);
+        SafeFile::makePrivateFolder(path);
+    }
+}
+
+void completeSettings(QSettings& settings)
+{
+    SafeFile::keepPrivate(settings.fileName());
+    if (settings.allKeys().isEmpty()) {
+        writeFirstStartValues(settings);
     }
 }
 

@@ -48,6 +48,8 @@ bool Data::waitForExit = false;
 int Data::waitForAlarm = 0;
 quint8 Data::serverLogLevel = 0;
 int Data::gongPlaybackId = 0;
+int Data::shownDeviceId = 0;
+int Data::shownPlaybackId = 0;
 int Data::playbackForLoad = 0;
 QVector<Firmware> Data::firmwareList;
 QStringList Data::serverLogDates;
@@ -149,6 +151,8 @@ void Data::clearSession()
     blockStatus = false;
     gongPlaybackId = 0;
     playbackForLoad = 0;
+    shownDeviceId = 0;
+    shownPlaybackId = 0;
     for (QString* const path :
          {&currentTrackPath, &currentLogPath, &currentFirmwarePath, &currentMessagePath,
           &currentTrackDrive, &currentLogDrive, &currentFirmwareDrive, &currentMessageDrive}) {

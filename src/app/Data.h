@@ -76,6 +76,8 @@ public:
     static quint8 serverLogLevel;
     static int gongPlaybackId;
     static int playbackForLoad;
+    static int shownDeviceId;   ///< whose page has been filled last, 0 for none yet
+    static int shownPlaybackId; ///< whose tracks the page has asked for last, 0 for none yet
     static QString currentMessagePath, currentFirmwarePath, currentLogPath, currentTrackPath;
     static QString currentMessageDrive, currentFirmwareDrive, currentLogDrive, currentTrackDrive;
 

@@ -35,9 +35,7 @@ void logStart(const QSettings& settings)
 
 void readConfiguration(QSettings& settings, LogSettings& switches)
 {
-    if (!QFile::exists(settings.fileName())) {
-        Configuration::writeFirstStartValues(settings);
-    }
+    Configuration::completeSettings(settings);
     Data::blockStatus = settings.value(QStringLiteral("admin/block_enable"), false).toBool();
     Configuration::readLogSwitches(settings, switches);
 }

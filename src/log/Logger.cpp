@@ -3,6 +3,7 @@
 #include "log/LogSettings.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QSettings>
 #include <QStandardPaths>
@@ -106,23 +107,26 @@ void Logger::writeMessage(const QString& text)
     writeLine();
 }
 
-void Logger::takeTime()
+bool Logger::takeTime()
 {
     const qint64 now = clock();
     millisecond = static_cast<int>(now % 1000);
     if (now / 1000 == second) {
-        return;
+        return false;
     }
     second = now / 1000;
     const QDateTime local = QDateTime::fromMSecsSinceEpoch(now);
     today = local.toString(QStringLiteral("dd-MM-yyyy"));
     timeToSecond = local.toString(QStringLiteral("[dd-MM-yyyy HH:mm:ss."));
+    return true;
 }
 
 void Logger::dateCheck()
 {
-    takeTime();
-    if (!file || date != today) {
+    const bool isNewSecond = takeTime();
+    // Somebody may tidy up: what is written into a file without a name is lost.
+    const bool vanished = isNewSecond && file && file->isOpen() && !file->exists();
+    if (!file || date != today || vanished) {
         openFile();
     }
 }
@@ -133,8 +137,10 @@ void Logger::openFile()
                              QStringLiteral("/Quorlex/Vantordesk/log");
     const QString folder =
         config ? config->value(QStringLiteral("path/log"), standard).toString() : standard;
+    QDir().mkpath(folder);
     file = std::make_unique<QFile>(folder + QLatin1Char('/') + today + QStringLiteral(".txt"));
     file->open(QIODevice::ReadWrite | QIODevice::Append | QIODevice::Text);
+    file->setPermissions(QFile::ReadOwner | QFile::WriteOwner);
     date = today;
     appendTime();
     line += file->fileName();

@@ -57,13 +57,16 @@ public:
     /// Whether a line of that level would be written; for texts that are dear to build.
     bool isWritten(int level) const;
 
-    /// Brings the open file in line with today's date, and writes the path line into a new one.
+    /// Brings the open file in line with today's date, and writes the path line into a new one. The
+    /// file and its folder are made again if somebody has taken them away; only their owner reads
+    /// them.
     void dateCheck();
 
 private:
     bool accepts(int level);
     void writeMessage(const QString& text);
-    void takeTime();
+    /// True once a second.
+    bool takeTime();
     void openFile();
     void appendTime();
     void writeLine();

@@ -82,6 +82,14 @@ void Device::setStatus(DeviceStatus deviceStatus)
     }
 }
 
+void Device::setRead()
+{
+    if (!read) {
+        read = true;
+        Page::call("wrapperInput_device_setRead", id);
+    }
+}
+
 void Device::setBatteryStatus(int number)
 {
     change(batteryStatus, number, "wrapperInput_device_setBattery");
@@ -231,6 +239,19 @@ void Device::showVersion() const
 {
     Page::call("wrapperInput_device_setVersion", id, versionMain, versionPss, versionLnCtrl,
                versionMainText);
+}
+
+void Device::showVolume() const
+{
+    Page::call("wrapperInput_device_setVolume", id, volume);
+}
+
+void Device::showEqualizer() const
+{
+    Page::call("wrapperInput_device_setEqualizerEnabled", id, equalizerEnabled);
+    for (int band = 0; band < bandCount; ++band) {
+        Page::call("wrapperInput_device_setEqualizer", id, band, getEqualizer(band));
+    }
 }
 
 void Device::setDHCP(bool on)

@@ -31,6 +31,10 @@ enum Number : int {
 };
 } // namespace PlaybackCategory
 
+/// What has still to be asked of a unit that hasn't come by the list of units, once that list says
+/// whether it is online.
+enum class UnreadPart { None, Memory, Everything };
+
 /// The mirror of one loudspeaker unit. All values come from the server. A setter stores the value
 /// and tells the page: most of them only of a change, some on every call, and a few store alone.
 class Device
@@ -44,10 +48,17 @@ public:
     const QString& getName() const { return name; }
     void setName(const QString& deviceName);
 
+    UnreadPart getUnread() const { return unread; }
+    void setUnread(UnreadPart part) { unread = part; }
+
     // Link and health.
     DeviceStatus getStatus() const { return status; }
     /// Tells the page on every call.
     void setStatus(DeviceStatus deviceStatus);
+    /// Whether a state of the unit has come, or a refusal of it: before that its health is unknown.
+    bool isRead() const { return read; }
+    /// Tells the page once.
+    void setRead();
     /// 2 full, 1 in between, 0 none or broken.
     int getBatteryStatus() const { return batteryStatus; }
     void setBatteryStatus(int number);
@@ -134,6 +145,9 @@ public:
     const QString& getVersionLnCtrl() const { return versionLnCtrl; }
     void setVersionLnCtrl(const QString& version);
     void showVersion() const;
+    /// Tell the page again, which has a slider where the operator has left it.
+    void showVolume() const;
+    void showEqualizer() const;
 
     // Network. The page shows the addresses in force under DHCP, the static ones without.
     bool getDHCP() const { return dhcp; }
@@ -220,7 +234,9 @@ private:
     QString versionMainText;
     QString versionPss;
     QString versionLnCtrl;
+    UnreadPart unread = UnreadPart::None;
     DeviceStatus status = DeviceOffline;
+    bool read = false;
     QString multicastIp = QStringLiteral("224.0.224.1");
     int commandPort = 11990;
     QString allowedCommandIp = QStringLiteral("0.0.0.0");

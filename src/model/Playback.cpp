@@ -43,6 +43,19 @@ void Playback::setTaskId(int startingTaskId)
     }
 }
 
+std::optional<int> Playback::meanVolume() const
+{
+    int sum = 0;
+    int count = 0;
+    for (const int deviceId : deviceList) {
+        if (const Device* const device = Data::getDeviceById(deviceId)) {
+            sum += device->getVolume();
+            ++count;
+        }
+    }
+    return count > 0 ? std::optional(sum / count) : std::nullopt;
+}
+
 void Playback::addToPage() const
 {
     const Playlist* const list = Data::getPlaylistById(playlistId);

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QVector>
 
+#include <optional>
+
 /// One audio run on the server: what plays, where, how far it is and how it goes on. The server
 /// moves it on; between two of its messages the position clock estimates the position.
 class Playback
@@ -52,6 +54,9 @@ public:
     QVector<int>& getDeviceList() { return deviceList; }
     const QVector<int>& getDeviceList() const { return deviceList; }
     void setDeviceList(const QVector<int>& deviceIds) { deviceList = deviceIds; }
+
+    /// The integer mean of their volumes; nothing if none of them is known.
+    std::optional<int> meanVolume() const;
 
     /// Adds its card to the page. Titles and length are empty and 0 while the mirror doesn't know
     /// the folder or the track.

@@ -1,13 +1,13 @@
 #include "model/ServerList.h"
 
-#include "app/Data.h"
+#include "log/Dropped.h"
 #include "log/Log.h"
+#include "storage/SafeFile.h"
 
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -46,6 +46,8 @@ std::optional<Server> ServerList::getDefault() const
 
 bool ServerList::addServer(const Server& server)
 {
+    const SafeFile::Lock lock(path);
+    loadList();
     const bool known = std::any_of(servers.begin(), servers.end(), [&](const Server& other) {
         return other.ip == server.ip && other.port == server.port;
     });
@@ -61,6 +63,8 @@ bool ServerList::addServer(const Server& server)
 
 void ServerList::deleteServer(const QString& ip, int port)
 {
+    const SafeFile::Lock lock(path);
+    loadList();
     servers.erase(std::remove_if(
                       servers.begin(), servers.end(),
                       [&](const Server& server) { return server.ip == ip && server.port == port; }),
@@ -70,33 +74,47 @@ void ServerList::deleteServer(const QString& ip, int port)
 
 void ServerList::setDefault(const QString& ip, int port)
 {
+    const SafeFile::Lock lock(path);
+    loadList();
     for (Server& server : servers) {
         server.isDefault = server.ip == ip && server.port == port;
     }
     saveList();
 }
 
-void ServerList::loadList()
+std::optional<QVector<Server>> ServerList::readFile() const
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    if (!file.open(QIODevice::ReadOnly)) {
         Log::message(QStringLiteral("Server list not readable: ") + file.errorString());
-        return;
+        return std::nullopt;
     }
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
     if (!document.isObject()) {
-        Log::message(QStringLiteral("Server list not valid: ") + error.errorString());
-        return;
+        const QString copy = path + QStringLiteral(".broken");
+        QFile::remove(copy);
+        QFile::copy(path, copy);
+        Log::message(
+            QStringLiteral("Server list not valid: %1; kept as %2").arg(error.errorString(), copy));
+        return std::nullopt;
     }
+    QVector<Server> result;
     const QJsonArray entries = document.object().value(QLatin1String("servers")).toArray();
     for (const QJsonValue& entry : entries) {
         if (const std::optional<Server> server = readServer(entry)) {
-            servers.append(*server);
+            result.append(*server);
         } else {
-            Log::message("Server list: entry left out");
+            Log::dropped(QStringLiteral("Server list: entry left out"));
         }
     }
+    return result;
+}
+
+void ServerList::loadList()
+{
+    const Log::DropSummary summary;
+    servers = readFile().value_or(servers);
 }
 
 void ServerList::saveList() const
@@ -107,14 +125,7 @@ void ServerList::saveList() const
                                    {QStringLiteral("port"), server.port},
                                    {QStringLiteral("isDefault"), server.isDefault}});
     }
-    // Written beside and moved into place, so that a full disk doesn't cost the old list.
-    QSaveFile file(path);
-    const bool written =
-        file.open(QIODevice::WriteOnly | QIODevice::Text) &&
-        file.write(QJsonDocument(QJsonObject{{QStringLiteral("servers"), entries}}).toJson()) >=
-            0 &&
-        file.commit();
-    if (!written) {
-        Log::message(QStringLiteral("Server list not saved: ") + file.errorString());
-    }
+    SafeFile::replace(path,
+                      QJsonDocument(QJsonObject{{QStringLiteral("servers"), entries}}).toJson(),
+                      "Server list");
 }

@@ -12,9 +12,9 @@ struct Server {
     bool isDefault = false; ///< the server of the last successful login
 };
 
-/// The remembered servers and their file, `servers.json`. A file that can't be read or parsed acts
-/// as an empty list, and an entry with a field of a wrong type is left out; the file itself stays
-/// as it is until the operator changes something.
+/// The remembered servers and their file, `servers.json`. An entry with a field of a wrong type is
+/// left out. Several consoles may share the file: whoever changes something reads it again first,
+/// under a lock, so that each keeps what the others have added.
 class ServerList
 {
 public:
@@ -33,10 +33,15 @@ public:
     /// Makes the servers with that address and port the only default ones, and saves.
     void setDefault(const QString& ip, int port);
 
+    /// Takes what the file holds in place of the list. Of a file that isn't valid a copy is kept
+    /// beside it, with ".broken" behind its name, and the list stays; of one that can't be read,
+    /// too, each with a log line.
     void loadList();
     void saveList() const;
 
 private:
+    std::optional<QVector<Server>> readFile() const;
+
     QString path;
     QVector<Server> servers;
 };

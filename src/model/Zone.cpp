@@ -23,6 +23,24 @@ QString Zone::getParentName() const
     return parent ? parent->getName() : QStringLiteral("Все зоны");
 }
 
+bool Zone::endsEmptying()
+{
+    if (emptyingAnswers == 0) { // it isn't of a round
+        emptyingStart = 0;
+        return true;
+    }
+    return --emptyingAnswers == 0;
+}
+
+bool Zone::beginEmptying()
+{
+    const int units = deviceList.size();
+    const bool inVain = emptyingStart > 0 && units >= emptyingStart;
+    emptyingStart = inVain ? 0 : units;
+    emptyingAnswers = emptyingStart;
+    return !inVain;
+}
+
 void Zone::addToPage(int shownParent) const
 {
     Page::call("wrapperInput_zone_add", id, shownParent, name, getParentName(), type);

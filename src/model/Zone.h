@@ -41,6 +41,13 @@ public:
     void excludeDevice(int deviceId) { deviceList.removeAll(deviceId); }
     void clearDeviceList() { deviceList.clear(); }
 
+    /// Whether its units are to be asked to leave, and its deletion asked for behind each, after
+    /// the server has said that they keep it from being deleted: not where the last such round has
+    /// moved nobody.
+    bool beginEmptying();
+    /// Counts a refused deletion. False while others of a round are still to be answered.
+    bool endsEmptying();
+
     /// Adds the zone to the page, below that zone. The page drops a zone that it has already, or
     /// whose parent it hasn't.
     void addToPage(int shownParent) const;
@@ -53,4 +60,6 @@ private:
     int parentZone = 0;
     QVector<int> subZoneList;
     QVector<int> deviceList;
+    int emptyingStart = 0;   ///< units at the beginning of the round, 0 without one
+    int emptyingAnswers = 0; ///< that are still to come
 };

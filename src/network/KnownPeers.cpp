@@ -1,11 +1,11 @@
 #include "network/KnownPeers.h"
 
 #include "log/Log.h"
+#include "storage/SafeFile.h"
 
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
 #include <utility>
 
@@ -30,19 +30,6 @@ QJsonObject load(const QString& path)
     return document.object();
 }
 
-void save(const QString& path, const QJsonObject& fingerprints)
-{
-    QSaveFile file(path);
-    const bool written = file.open(QIODevice::WriteOnly) &&
-                         file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-                         file.write(QJsonDocument(fingerprints).toJson()) >= 0 && file.flush();
-    // The commit itself says nothing of a full disk, and would put an empty file into place.
-    if (!written || !file.commit()) {
-        Log::message(QStringLiteral("Fingerprints not saved: ") + file.errorString());
-        file.cancelWriting();
-    }
-}
-
 } // namespace
 
 KnownPeers::KnownPeers(QString filePath) : path(std::move(filePath))
@@ -62,6 +49,6 @@ KnownPeers::Met KnownPeers::meet(const QString& host, int port, const QByteArray
         return Met::Again;
     }
     known.insert(address, shown);
-    save(path, known);
+    SafeFile::replace(path, QJsonDocument(known).toJson(), "Fingerprints");
     return last.isEmpty() ? Met::First : Met::Changed;
 }

@@ -5,6 +5,7 @@
 #include "page/ScriptCall.h"
 #include "protocol/DeviceState.h"
 #include "protocol/FieldSetter.h"
+#include "protocol/Forbidden.h"
 #include "protocol/Reply.h"
 
 namespace
@@ -61,6 +62,12 @@ void readEqualizer(FieldSetter<Device>& set)
     }
 }
 
+/// The unit that the operator may not set, whose sliders go back to where they were.
+const Device* forbiddenDevice(const QJsonObject& reply)
+{
+    return Forbidden::isAnswer(reply) ? DeviceState::requested(reply) : nullptr;
+}
+
 } // namespace
 
 void protocolDeviceCommandGetConfig(const QJsonObject& reply)
@@ -88,6 +95,9 @@ void protocolDeviceCommandGetVolume(const QJsonObject& reply)
 void protocolDeviceCommandSetVolume(const QJsonObject& reply)
 {
     DeviceState::readReply(reply, request(reply), "setVolume", DeviceState::readVolume);
+    if (const Device* const device = forbiddenDevice(reply)) {
+        device->showVolume();
+    }
 }
 
 void protocolDeviceCommandGetEqualizer(const QJsonObject& reply)
@@ -98,4 +108,7 @@ void protocolDeviceCommandGetEqualizer(const QJsonObject& reply)
 void protocolDeviceCommandSetEqualizer(const QJsonObject& reply)
 {
     DeviceState::readReply(reply, request(reply), "setEqualizer", readEqualizer);
+    if (const Device* const device = forbiddenDevice(reply)) {
+        device->showEqualizer();
+    }
 }

@@ -102,6 +102,13 @@ Device* requested(const QJsonObject& reply)
     return device;
 }
 
+void showRead(const Device& device)
+{
+    if (device.isRead()) {
+        Page::call("wrapperInput_device_setRead", device.getId());
+    }
+}
+
 void readVersions(FieldSetter<Device>& message)
 {
     message.text("versionMainText", &Device::setVersionMainText);
@@ -151,12 +158,13 @@ bool isFromMemory(int playbackCategory)
 
 void mergeLines(FieldSetter<Device>& message)
 {
+    Device& device = message.object();
     const auto elements = Fields::array(message.message(), "lines");
     if (!elements) {
         message.logIgnored("lines");
+        device.updateLinesStatus(); // it also depends on the link
         return;
     }
-    Device& device = message.object();
     removeLinesExcept(device, namedLines(*elements));
     for (const QJsonValue& element : *elements) {
         if (const auto reported = readLine(element.toObject())) {
@@ -167,6 +175,15 @@ void mergeLines(FieldSetter<Device>& message)
     }
     // A line that came or went, and the state of a unit without any, nobody has told of yet.
     device.updateLinesStatus();
+}
+
+int unreadCount()
+{
+    int count = 0;
+    for (const Device& device : Data::deviceList) {
+        count += device.getUnread() == UnreadPart::None ? 0 : 1;
+    }
+    return count;
 }
 
 void requestMemory(int deviceId)

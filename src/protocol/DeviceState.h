@@ -39,6 +39,9 @@ template <class... More> void addToPage(const Device& device, const More&... mor
                device.getPlaybackCategory(), mayManageZones(), more...);
 }
 
+/// Tells the page of a unit whose state has come that it is known.
+void showRead(const Device& device);
+
 // Parts of a state that several messages carry, under the same names.
 void readVersions(FieldSetter<Device>& message);
 void readLink(FieldSetter<Device>& message);
@@ -52,6 +55,9 @@ bool isFromMemory(int playbackCategory);
 /// Makes the unit's lines those of the message: lines that it doesn't name go, and the rest is
 /// changed or added in its order. Without an array of lines nothing changes.
 void mergeLines(FieldSetter<Device>& message);
+
+/// How many units wait for the list of units to tell of them.
+int unreadCount();
 
 /// Asks for stamp, free space and contents of the unit's own memory.
 void requestMemory(int deviceId);

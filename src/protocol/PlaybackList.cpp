@@ -6,7 +6,6 @@
 #include "model/Library.h"
 #include "model/ModelList.h"
 #include "model/Playback.h"
-#include "model/Playlist.h"
 #include "model/Task.h"
 #include "protocol/FieldSetter.h"
 #include "protocol/PlaybackState.h"
@@ -60,7 +59,10 @@ void putOnDevices(const Playback& playback, bool isForAll)
     };
     if (isForAll) {
         for (Device& device : Data::deviceList) {
-            if (device.getStatus() == DeviceOnline) {
+            // A unit that an alarm has taken over isn't carried by it, for all that it was started
+            // on all units.
+            if (device.getStatus() == DeviceOnline &&
+                device.getPlaybackCategory() != PlaybackCategory::Alarm) {
                 put(device);
             }
         }
@@ -87,7 +89,7 @@ void finishExcept(const QSet<int>& named)
 {
     const auto isGone = [&](const Playback& playback) { return !named.contains(playback.getId()); };
     while (const Playback* const gone = Data::playbackList.findIf(isGone)) {
-        PlaybackState::finish(*gone, gone->getCategory() == Playlist::gongRoot);
+        PlaybackState::finish(*gone);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Playback.h"
+#include "model/Playlist.h"
 #include "network/Fields.h"
 #include "page/ScriptCall.h"
 
@@ -28,6 +29,11 @@ Playback& append(int id)
     return *Data::playbackList.append(std::move(made));
 }
 
+bool mayBeShown(const Playback& playback)
+{
+    return Data::shownPlaybackId == 0 || Data::shownPlaybackId == playback.getId();
+}
+
 QVector<int> readActiveDevices(const QJsonObject& message)
 {
     QVector<int> result;
@@ -48,7 +54,17 @@ void setPlayback(Device& device, int playbackId, int category)
     device.setPlaybackCategory(category);
 }
 
-void finish(const Playback& playback, bool isGong)
+void forgetGong(const Playback& playback)
+{
+    const bool isUnknownGong =
+        Data::gongPlaybackId == 0 && playback.getCategory() == Playlist::gongRoot;
+    if (isUnknownGong || playback.getId() == Data::gongPlaybackId) {
+        Data::gongPlaybackId = 0;
+        Page::call("gongStop");
+    }
+}
+
+void finish(const Playback& playback)
 {
     const int id = playback.getId();
     for (Device& device : Data::deviceList) {
@@ -56,11 +72,8 @@ void finish(const Playback& playback, bool isGong)
             setPlayback(device, 0, PlaybackCategory::None);
         }
     }
+    forgetGong(playback);
     Data::playbackList.remove(&playback);
-    if (isGong) {
-        Data::gongPlaybackId = 0;
-        Page::call("gongStop");
-    }
     Page::call("wrapperInput_playback_clearItems");
     Page::call("wrapperInput_playback_stop", id);
 }

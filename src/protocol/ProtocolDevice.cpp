@@ -101,13 +101,29 @@ void requestRest(const Device& device)
     }
 }
 
+void requestUnread(Device& device)
+{
+    const UnreadPart unread = device.getUnread();
+    device.setUnread(UnreadPart::None);
+    if (unread == UnreadPart::Everything) {
+        requestRest(device);
+    } else if (unread == UnreadPart::Memory && device.getStatus() == DeviceOnline) {
+        DeviceState::requestMemory(device.getId());
+    }
+}
+
 void refreshDevice(Device& device, const QJsonObject& element)
 {
     FieldSetter set(device, element, "getDevices");
     set.text("title", &Device::setName);
     DeviceState::readVolume(set);
+    const DeviceStatus before = device.getStatus();
     DeviceState::readLink(set);
-    takePlayback(set, false);
+    if (device.getStatus() != before) {
+        device.updateLinesStatus(); // the lines of a unit that isn't online count as at fault
+    }
+    takePlayback(set, device.getUnread() != UnreadPart::None);
+    requestUnread(device);
 }
 
 void addDevice(int id, const QJsonObject& element)
@@ -125,6 +141,35 @@ void addDevice(int id, const QJsonObject& element)
     requestRest(device);
 }
 
+void takeDevice(const QJsonObject& element)
+{
+    const auto id = Fields::integer(element, "id");
+    if (!id) {
+        Log::dropped(QStringLiteral("Dropped unit of getDevices: no id"));
+    } else if (Device* const known = Data::getDeviceById(*id)) {
+        refreshDevice(*known, element);
+    } else {
+        addDevice(*id, element);
+    }
+}
+
+/// Units that have come while the list was under way may not be in it. A list that has told of none
+/// of the units that were waiting for it won't tell of them the next time either.
+void askAgain(int unreadBefore)
+{
+    const int unread = DeviceState::unreadCount();
+    if (unread == 0) {
+        return;
+    }
+    if (unread < unreadBefore) {
+        send(DeviceCommand::GetDevices);
+        return;
+    }
+    for (Device& device : Data::deviceList) {
+        device.setUnread(UnreadPart::None);
+    }
+}
+
 } // namespace
 
 void initProtocolDevice(NetworkParser* parser)
@@ -139,25 +184,24 @@ void protocolDeviceCommandGetDevices(const QJsonObject& reply)
         Log::dropped(QStringLiteral("Ignored getDevices: no list of units"));
         return;
     }
+    const int unread = DeviceState::unreadCount();
     for (const QJsonValue& value : *elements) {
-        const QJsonObject element = value.toObject();
-        const auto id = Fields::integer(element, "id");
-        if (!id) {
-            Log::dropped(QStringLiteral("Dropped unit of getDevices: no id"));
-        } else if (Device* const known = Data::getDeviceById(*id)) {
-            refreshDevice(*known, element);
-        } else {
-            addDevice(*id, element);
-        }
+        takeDevice(value.toObject());
     }
+    askAgain(unread);
 }
 
 void protocolDeviceCommandGetState(const QJsonObject& reply)
 {
-    const auto id = Fields::integer(reply, "id");
+    auto id = Fields::integer(reply, "id");
     Log::message(QStringLiteral("Get device %1 status").arg(id.value_or(0)));
+    id = id ? id : Fields::integer(request(reply), "id"); // a refusal may name it there alone
     Device* const device = id ? Data::getDeviceById(*id) : nullptr;
-    if (!succeeded(reply) || !device) {
+    if (!device) {
+        return;
+    }
+    device->setRead();
+    if (!succeeded(reply)) {
         return;
     }
     FieldSetter set(*device, reply, "getState");

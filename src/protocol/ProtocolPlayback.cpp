@@ -11,6 +11,7 @@
 #include "model/Track.h"
 #include "protocol/Commands.h"
 #include "protocol/FieldSetter.h"
+#include "protocol/Forbidden.h"
 #include "protocol/PlaybackLibrary.h"
 #include "protocol/PlaybackList.h"
 #include "protocol/PlaybackState.h"
@@ -88,6 +89,7 @@ void removeAbandoned(int playbackId)
     const Playback* const playback = Data::getPlaybackById(playbackId);
     if (playback && !carrier) {
         Log::message("Playback destroed");
+        PlaybackState::forgetGong(*playback);
         Data::playbackList.remove(playback);
     }
 }
@@ -122,6 +124,15 @@ void openPlaybackPage()
     Page::call("loadBotMenu", "playback_list");
     Page::call("loadMainBody", "playback_list");
     Page::call("changeMenu", "playlist");
+}
+
+/// Puts the page's slider back to where the units are.
+void showVolume(const Playback& playback)
+{
+    const auto volume = playback.meanVolume();
+    if (volume && PlaybackState::mayBeShown(playback)) {
+        Page::call("playback_setVolume", *volume);
+    }
 }
 
 } // namespace
@@ -169,7 +180,7 @@ void protocolPlaybackCommandPlayNext(const QJsonObject& reply)
     FieldSetter set(*playback, asked, "playNext");
     set.integer("timeshift", &Playback::setTimeShift);
     playback->setPlaying(true);
-    if (trackId >= 0) {
+    if (trackId >= 0 && PlaybackState::mayBeShown(*playback)) {
         Page::call("playlist_selectTrack", trackId);
     }
 }
@@ -191,16 +202,22 @@ void protocolPlaybackCommandStop(const QJsonObject& reply)
         return;
     }
     if (const Playback* const playback = PlaybackState::named(request(reply), "playbackId")) {
-        PlaybackState::finish(*playback, playback->getPlaybackType() == Playlist::gongRoot);
+        PlaybackState::finish(*playback);
     }
 }
 
 void protocolPlaybackCommandSetVolume(const QJsonObject& reply)
 {
     const QJsonObject asked = request(reply);
+    const bool isForbidden = Forbidden::isAnswer(reply);
     // The microphone's volume names no playback, and idle units have playback 0.
-    const Playback* const playback = succeeded(reply) ? PlaybackState::named(asked, "id") : nullptr;
+    const Playback* const playback =
+        succeeded(reply) || isForbidden ? PlaybackState::named(asked, "id") : nullptr;
     if (!playback) {
+        return;
+    }
+    if (isForbidden) {
+        showVolume(*playback);
         return;
     }
     for (Device& device : Data::deviceList) {

@@ -131,11 +131,9 @@ void protocolUserCommandLogin(const QJsonObject& reply)
     } else if (word == QLatin1String("error")) {
         runHook(sessionHooks().loginRefused);
     } else if (word == QLatin1String("required")) {
-        if (const auto version = Fields::integer(reply, "version")) {
-            Page::call("modalLoginVersionError", Data::apiVersion, *version);
-        } else {
-            Log::dropped(QStringLiteral("Dropped refused login: no version"));
-        }
+        // A server that doesn't say which version it speaks is older than that answer.
+        Page::call("modalLoginVersionError", Data::apiVersion,
+                   Fields::integer(reply, "version").value_or(0));
     }
 }
 
@@ -167,11 +165,12 @@ void protocolUserCommandGetInfo(const QJsonObject& reply)
     }
     const auto name = Fields::text(reply, "name");
     const auto title = Fields::text(reply, "title");
-    if (!name || !title) {
+    User* const current = Data::getCurrentUser();
+    if (!name || (current && !title)) { // the session begins without a title, too
         Log::dropped(QStringLiteral("Dropped user information: no name or title"));
         return;
     }
-    if (User* const current = Data::getCurrentUser()) {
+    if (current) {
         current->setName(*name);
         current->setTitle(*title);
         const Role* const role = Data::getCurrentRole();
@@ -186,7 +185,7 @@ void protocolUserCommandGetInfo(const QJsonObject& reply)
         user->setCurrent(true);
         user->setStatus(true);
         user->setName(*name);
-        user->setTitle(*title);
+        user->setTitle(title.value_or(user->getTitle()));
     }
     Page::call("modalLoadingHide");
     runHook(sessionHooks().loginCompleted);

@@ -11,6 +11,7 @@
 #include "page/ScriptCall.h"
 #include "protocol/Commands.h"
 #include "protocol/FieldSetter.h"
+#include "protocol/Forbidden.h"
 #include "protocol/Protocols.h"
 #include "protocol/Reply.h"
 #include "protocol/Request.h"
@@ -83,9 +84,13 @@ void deleteZone(int zoneId)
     }
 }
 
-/// Each unit that leaves may be the last one, so the deletion is asked for behind each.
-void emptyAndDelete(const Zone& zone)
+/// Each unit that leaves may be the last one, so the deletion is asked for behind each. The answer
+/// to the last one begins another round, unless none has left: the server would say so for ever.
+void emptyAndDelete(Zone& zone)
 {
+    if (!zone.beginEmptying()) {
+        return;
+    }
     for (const int deviceId : zone.getDeviceList()) {
         ZoneMembership::requestExclusion(deviceId, zone.getId());
         send(ZoneCommand::Delete, {{QStringLiteral("id"), zone.getId()}});
@@ -111,6 +116,17 @@ bool isInZoneAndEverything(int deviceId, int zoneId)
     const Device* const device = Data::getDeviceById(deviceId);
     return device && device->getZoneList().size() == 2 && device->getZoneList().contains(zoneId) &&
            device->getZoneList().contains(Zone::everything);
+}
+
+/// Puts the page back, which takes a change ahead of its answer, as it was.
+void showMembership(const Target& target)
+{
+    const Device* const device = Data::getDeviceById(target.deviceId);
+    if (device && device->getZoneList().contains(target.zoneId)) {
+        ZoneMembership::showIncluded(target.zoneId, target.deviceId);
+    } else {
+        ZoneMembership::showExcluded(target.zoneId, target.deviceId);
+    }
 }
 
 /// Puts the page back as it was, and says who uses the unit.
@@ -176,19 +192,15 @@ void protocolZoneCommandEdit(const QJsonObject& reply)
 
 void protocolZoneCommandDelete(const QJsonObject& reply)
 {
-    const bool nestedDevices = response(reply) == QLatin1String("nestedDevices");
-    if (!succeeded(reply) && !nestedDevices) {
-        showRefusal(reply, deleteRefusals);
-        return;
-    }
-    const Zone* const zone = requestedZone(reply);
+    showRefusal(reply, deleteRefusals);
+    Zone* const zone = requestedZone(reply);
     if (!zone) {
         return;
     }
-    if (nestedDevices) {
-        emptyAndDelete(*zone);
-    } else {
+    if (succeeded(reply)) {
         deleteZone(zone->getId());
+    } else if (zone->endsEmptying() && response(reply) == QLatin1String("nestedDevices")) {
+        emptyAndDelete(*zone);
     }
 }
 
@@ -202,6 +214,8 @@ void protocolZoneCommandIncludeDevice(const QJsonObject& reply)
         // The page took the change ahead of the answer.
         ZoneMembership::showExcluded(target->zoneId, target->deviceId);
         Page::call("modalDeviceZoneIncludeError");
+    } else if (Forbidden::isAnswer(reply)) {
+        showMembership(*target);
     }
     if (!succeeded(reply)) {
         return;
@@ -229,6 +243,8 @@ void protocolZoneCommandExcludeDevice(const QJsonObject& reply)
             ZoneMembership::showIncluded(target->zoneId, target->deviceId);
         }
         Page::call("modalDeviceZoneExcludePlaybackError");
+    } else if (Forbidden::isAnswer(reply)) {
+        showMembership(*target);
     }
     for (const UseRefusal& refusal : useRefusals) {
         if (response(reply) == QLatin1String(refusal.response)) {

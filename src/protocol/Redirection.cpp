@@ -87,11 +87,14 @@ void protocolPlaybackCommandGetRedirection(const QJsonObject& reply)
 
 void protocolPlaybackCommandStopRedirection(const QJsonObject& reply)
 {
-    if (!succeeded(reply)) {
-        return;
-    }
+    // Nobody speaks on because the server didn't take it in: the microphone closes, and the
+    // operator hears that the units may still wait for it.
     if (redirectionHooks().stopped) {
         redirectionHooks().stopped();
     }
-    unmarkRedirection();
+    if (succeeded(reply)) {
+        unmarkRedirection();
+    } else {
+        Page::call("modalAudioTranslationStopError");
+    }
 }

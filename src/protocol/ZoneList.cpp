@@ -16,6 +16,7 @@
 #include "protocol/ZoneMembership.h"
 
 #include <QHash>
+#include <QPair>
 #include <QSet>
 #include <QVector>
 
@@ -246,6 +247,7 @@ void addDevices(const QVector<Membership>& memberships)
         }
         auto device = std::make_unique<Device>();
         device->setId(membership.deviceId);
+        device->setUnread(UnreadPart::Everything);
         DeviceState::addToPage(*Data::deviceList.append(std::move(device)));
         added = true;
     }
@@ -254,14 +256,30 @@ void addDevices(const QVector<Membership>& memberships)
     }
 }
 
-void rebuildMembership(const QVector<Membership>& memberships)
+/// Takes every unit out of all zones, on the page only out of those that the list doesn't put it
+/// back into.
+void clearMembership(const QVector<Membership>& memberships)
 {
+    QSet<QPair<int, int>> stays;
+    for (const Membership& membership : memberships) {
+        stays.insert({membership.deviceId, membership.zoneId});
+    }
+    for (Device& device : Data::deviceList) {
+        for (const int zoneId : device.getZoneList()) {
+            if (!stays.contains({device.getId(), zoneId})) {
+                ZoneMembership::showExcluded(zoneId, device.getId());
+            }
+        }
+        device.clearZoneList();
+    }
     for (Zone& zone : Data::zoneList) {
         zone.clearDeviceList();
     }
-    for (Device& device : Data::deviceList) {
-        device.clearZoneList();
-    }
+}
+
+void rebuildMembership(const QVector<Membership>& memberships)
+{
+    clearMembership(memberships);
     for (const Membership& membership : memberships) {
         Zone* const zone = Data::getZoneById(membership.zoneId);
         Device* const device = Data::getDeviceById(membership.deviceId);

@@ -1,12 +1,13 @@
 #include "view/WebView.h"
 
 #include "app/Data.h"
-#include "log/Log.h"
+#include "log/LogSettings.h"
 #include "page/ScriptCall.h"
 #include "protocol/ProtocolUser.h"
 #include "protocol/Request.h"
 #include "view/IdleLock.h"
 #include "view/PasswordDigest.h"
+#include "view/SlotLog.h"
 
 #include <QSettings>
 
@@ -38,39 +39,41 @@ void WebView::resetBlockTimer()
 
 void WebView::modal_blockShow()
 {
+    const SlotLog log("modal_blockShow");
     Page::call("block");
 }
 
 void WebView::modal_tryUnblock(const QString& password)
 {
-    Log::message("access_tryUnblock");
+    const SlotLog log("access_tryUnblock");
     checkAccess("login", password);
 }
 
 void WebView::modal_tryUnblockAlarm(const QString& password)
 {
-    Log::message("access_tryUnblockAlarm");
+    const SlotLog log("access_tryUnblockAlarm");
     Data::waitForAlarm = WaitForAlarmMessages;
     checkAccess("alarm", password);
 }
 
 void WebView::modal_tryUnblockTranslation(const QString& password)
 {
-    Log::message("access_tryUnblockTranslation");
+    const SlotLog log("access_tryUnblockTranslation");
     Data::waitForAlarm = WaitForAlarmMicrophone;
     checkAccess("alarm", password);
 }
 
 void WebView::settings_block_init()
 {
-    Log::message("settings_block_init");
+    const SlotLog log("settings_block_init", {}, LogLevel::ClientSettings);
     showBlockTime();
     Page::call("loadBlockStatus", Data::blockStatus);
 }
 
 void WebView::settings_block_save(bool enabled, int minutes)
 {
-    Log::message(QStringLiteral("settings_block_save: %1").arg(minutes), LogLevel::ClientSettings);
+    const SlotLog log("settings_block_save", QStringLiteral(": %1").arg(minutes),
+                      LogLevel::ClientSettings);
     if (minutes <= 0) {
         showBlockTime();
     }

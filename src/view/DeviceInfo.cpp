@@ -90,11 +90,8 @@ void showState(const Device& device)
     Page::call("wrapperInput_device_setBatteryLevel", id, device.getBatteryLevel());
     Page::call("wrapperInput_device_setHull", id, device.getHull());
     Page::call("wrapperInput_device_setPower", id, device.getPower());
-    Page::call("wrapperInput_device_setVolume", id, device.getVolume());
-    Page::call("wrapperInput_device_setEqualizerEnabled", id, device.isEqualizerEnabled());
-    for (int band = 0; band < Device::bandCount; ++band) {
-        Page::call("wrapperInput_device_setEqualizer", id, band, device.getEqualizer(band));
-    }
+    device.showVolume();
+    device.showEqualizer();
 }
 
 /// The entries of one list of the unit's memory; the group is shown at the one that plays.
@@ -122,6 +119,7 @@ void WebView::menu_loadDeviceInfo(int id)
         return;
     }
     const Device& device = *known;
+    Data::shownDeviceId = id;
     Page::call("wrapperInput_device_setId", id);
     showLink(device);
     Page::call("wrapperInput_device_setName", id, device.getName());
@@ -131,6 +129,7 @@ void WebView::menu_loadDeviceInfo(int id)
     device.showVersion();
     showLines(device);
     showState(device);
+    DeviceState::showRead(device);
     if (device.getStatus() == DeviceIncoming) {
         showDeviceManagement();
     }

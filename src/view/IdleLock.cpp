@@ -1,7 +1,6 @@
 #include "view/IdleLock.h"
 
 #include "app/Data.h"
-#include "page/ScriptCall.h"
 
 #include <QSettings>
 
@@ -14,7 +13,7 @@ constexpr int defaultMilliseconds = 10 * IdleLock::millisecondsInMinute;
 
 IdleLock::IdleLock()
 {
-    connect(&timer, &QTimer::timeout, this, [] { Page::call("block"); });
+    connect(&timer, &QTimer::timeout, this, &IdleLock::idle);
 }
 
 int IdleLock::idleMilliseconds()

@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QTimer>
 
-/// The timer of the screen lock: covers the page after each idle time of `admin/block_time`, while
+/// The timer of the screen lock: tells of each idle time of `admin/block_time`, while
 /// `Data::blockStatus` says that the lock is on.
 class IdleLock : public QObject
 {
@@ -20,6 +20,9 @@ public:
     /// The operator has done something, or the setting has changed: the time begins anew, or ends.
     void reset();
     void stop();
+
+Q_SIGNALS:
+    void idle();
 
 private:
     QTimer timer{this};

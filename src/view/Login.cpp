@@ -12,6 +12,7 @@
 #include "view/LocalPage.h"
 #include "view/PasswordDigest.h"
 #include "view/ServerAddress.h"
+#include "view/SlotLog.h"
 
 #include <QSettings>
 #include <QWebView>
@@ -66,7 +67,7 @@ void sendBootstrap()
 
 void WebView::login_tryLogin(const QString& name, const QString& password, const QString& address)
 {
-    Log::message("login_tryLogin");
+    const SlotLog log("login_tryLogin");
     const std::optional<Server> server = serverToLogInTo(address);
     if (server) {
         Data::ip = server->ip;
@@ -86,7 +87,7 @@ void WebView::login_tryLogin(const QString& name, const QString& password, const
 
 void WebView::login_loginSuccess()
 {
-    Log::message("login_loginSuccess");
+    const SlotLog log("login_loginSuccess");
     Data::serverList->setDefault(Data::ip, Data::port);
     appendAllZones();
     Log::message("Load login index");
@@ -99,19 +100,19 @@ void WebView::login_loginSuccess()
 
 void WebView::login_loginError()
 {
-    Log::message("login_loginError");
+    const SlotLog log("login_loginError");
     Page::call("modalErrorShow", QStringLiteral("Неправильные учетные данные пользователя!"));
 }
 
 void WebView::global_logout()
 {
-    Log::message("global_logout");
+    const SlotLog log("global_logout");
     send(UserCommand::Logout);
 }
 
 void WebView::global_exit()
 {
-    Log::message("global_exit");
+    const SlotLog log("global_exit");
     if (Data::userList.isEmpty()) {
         Data::tcpClient.close();
         view->close();

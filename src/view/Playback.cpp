@@ -2,7 +2,6 @@
 
 #include "app/Data.h"
 #include "log/Log.h"
-#include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Playback.h"
 #include "model/Playlist.h"
@@ -42,20 +41,6 @@ void showTracks(int playlistId)
             track.addToPage();
         }
     }
-}
-
-/// The integer mean over the units that are known; nothing without any.
-std::optional<int> meanVolume(const Playback& playback)
-{
-    int sum = 0;
-    int count = 0;
-    for (const int deviceId : playback.getDeviceList()) {
-        if (const Device* const device = Data::getDeviceById(deviceId)) {
-            sum += device->getVolume();
-            ++count;
-        }
-    }
-    return count > 0 ? std::optional(sum / count) : std::nullopt;
 }
 
 /// The folder that the server is to play: the gong page names the category instead.
@@ -126,10 +111,11 @@ void WebView::playback_loadPlayback(int id)
     if (!playback) {
         return;
     }
+    Data::shownPlaybackId = id;
     Page::call("playback_selectPlaylist", playback->getPlaylistId());
     showTracks(playback->getPlaylistId());
     Page::call("playlist_selectTrack", playback->getTrackId());
-    if (const auto volume = meanVolume(*playback)) {
+    if (const auto volume = playback->meanVolume()) {
         Page::call("playback_setVolume", *volume);
     }
 }

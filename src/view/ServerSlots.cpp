@@ -6,13 +6,14 @@
 #include "page/ScriptCall.h"
 #include "view/Discovery.h"
 #include "view/ServerAddress.h"
+#include "view/SlotLog.h"
 
 #include <QWebElement>
 #include <QWebFrame>
 
 void WebView::login_serverList()
 {
-    Log::message("login_serverList");
+    const SlotLog log("login_serverList");
     const ServerList& list = *Data::serverList;
     for (int index = 0; index < list.size(); ++index) {
         const Server& server = list.at(index);
@@ -24,7 +25,7 @@ void WebView::login_serverList()
 
 void WebView::login_addServer(const QString& ip, int port)
 {
-    Log::message(QStringLiteral("login_addServer - ") + addressText(ip, port));
+    const SlotLog log("login_addServer", QStringLiteral(" - ") + addressText(ip, port));
     const Server server{ip, port, Data::serverList->size() == 0};
     const QString typed = frame()
                               ->findFirstElement(QStringLiteral("input[id=\"server\"]"))
@@ -40,7 +41,7 @@ void WebView::login_addServer(const QString& ip, int port)
 
 void WebView::login_deleteServer(const QString& address)
 {
-    Log::message(QStringLiteral("login_deleteServer - ") + address);
+    const SlotLog log("login_deleteServer", QStringLiteral(" - ") + address);
     const auto [ip, port] = splitAddress(address);
     Data::serverList->deleteServer(ip, port);
 }

@@ -51,6 +51,7 @@ WebView::WebView(ScriptPipe& scriptPipe, Discovery& serverDiscovery, IdleLock& s
     scripts.setFrame(frame());
     // The object is there before the first script of each page.
     connect(frame(), &QWebFrame::javaScriptWindowObjectCleared, this, &WebView::publishWrapper);
+    connect(&lock, &IdleLock::idle, this, &WebView::modal_blockShow);
     connect(view.get(), &QWebView::loadFinished, this, &WebView::loaded);
     Log::message("Load login page");
     loadPage(LocalPage::loginUrl);

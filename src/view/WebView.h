@@ -131,13 +131,13 @@ public Q_SLOTS:
     void playback_nextById(int id, int trackId);
     /// 0 to 100; `target` is "playback", or "redirection" for the microphone, whose volume is
     /// remembered. An id of -1 does nothing.
-    void playback_setVolume(int id, int volume, const QString& target);
+    void playback_setVolume(int id, int volume, const QString& target = QStringLiteral("playback"));
 
     // Speaking to units: Redirection.cpp
     /// Asks for a live broadcast of the kind "microphone" or "alarm"; `devices` and `strategy` as
     /// for `playback_play`. The reply opens the microphone.
     void playback_startRedirection(const QString& devices, const QString& type,
-                                   const QString& strategy);
+                                   const QString& strategy = QStringLiteral("none"));
     void playback_stopRedirection();
 
     // Sound settings: settings/Media.cpp

@@ -6,13 +6,14 @@
 import {readdirSync, readFileSync} from "node:fs";
 import {join, relative} from "node:path";
 
-const all = ["app", "log", "network", "page", "model", "protocol", "media", "view"];
+const all = ["app", "log", "storage", "network", "page", "model", "protocol", "media", "view"];
 const mayInclude = {
     app: all,
     log: [],
-    network: ["log"],
+    storage: ["log"],
+    network: ["storage", "log"],
     page: ["log"],
-    model: ["page", "log"],
+    model: ["storage", "page", "log"],
     protocol: ["model", "network", "page", "log"],
     media: ["protocol", "model", "page", "log"],
     view: ["media", "protocol", "model", "network", "page", "log"],

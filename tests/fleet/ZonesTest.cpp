@@ -448,8 +448,8 @@ void ZonesTest::includePushMakesAUnit()
     QCOMPARE(Data::getDeviceById(5)->getZoneList(), QVector<int>{9});
     QCOMPARE(session.page.calls(), Fleet::lines("wrapperInput_device_add(5,\"\",0,0,0,0);\n"
                                                 "wrapperInput_zone_includeDevice(9,5);"));
-    QCOMPARE(Fleet::takeActions(),
-             (QStringList{"getTitle", "getVolume", "getEqualizer", "getConfig", "getState"}));
+    QCOMPARE(Fleet::takeActions(), (QStringList{"getTitle", "getVolume", "getEqualizer",
+                                                "getConfig", "getState", "getDevices"}));
 }
 
 void ZonesTest::excludePush_data()

@@ -1,4 +1,5 @@
 #include "media/CaptureOptions.h"
+#include "media/SoundInputs.h"
 
 #include <QTest>
 
@@ -13,6 +14,8 @@ private Q_SLOTS:
     void linuxTakesTheNamedInput_data();
     void linuxTakesTheNamedInput();
     void addressOfSixGroupsIsBracketed();
+    void listHoldsMicrophonesAlone_data();
+    void listHoldsMicrophonesAlone();
 };
 
 namespace
@@ -28,6 +31,8 @@ QByteArray joined(const QVector<QByteArray>& words)
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(QVector<SoundInput>)
 
 void CaptureOptionsTest::directShow_data()
 {
@@ -89,6 +94,29 @@ void CaptureOptionsTest::addressOfSixGroupsIsBracketed()
 {
     QVERIFY(joined(Capture::directShowStream({}, "fe80::1", 5004).arguments)
                 .contains("dst=[fe80::1]:5004}"));
+}
+
+void CaptureOptionsTest::listHoldsMicrophonesAlone_data()
+{
+    QTest::addColumn<QVector<SoundInput>>("inputs");
+    QTest::addColumn<QStringList>("names");
+    const SoundInput headset{"headset", "pulseaudio"};
+    const SoundInput table{"table", "pulseaudio"};
+    const SoundInput monitor{"speaker.monitor", "pulseaudio"};
+    const SoundInput card{"hw:CARD=1", "alsa"};
+    QTest::newRow("a sound server") << QVector<SoundInput>{card, monitor, headset, table, headset}
+                                    << QStringList{"headset", "table"};
+    QTest::newRow("monitors alone")
+        << QVector<SoundInput>{card, monitor} << QStringList{"speaker.monitor"};
+    QTest::newRow("no sound server") << QVector<SoundInput>{card, {"default", "alsa"}, {"", "alsa"}}
+                                     << QStringList{"hw:CARD=1", "default"};
+    QTest::newRow("none") << QVector<SoundInput>() << QStringList();
+}
+
+void CaptureOptionsTest::listHoldsMicrophonesAlone()
+{
+    QFETCH(QVector<SoundInput>, inputs);
+    QTEST(microphonesAmong(inputs), "names");
 }
 
 QTEST_APPLESS_MAIN(CaptureOptionsTest)

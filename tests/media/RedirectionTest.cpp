@@ -121,6 +121,7 @@ void RedirectionTest::refusalsAreShown_data()
                                   << QStringList{"modalAudioTranslationHide();",
                                                  "modalLowPriorityShow();"};
     QTest::newRow("unknown word") << "busy" << QStringList();
+    QTest::newRow("forbidden") << "forbidden" << QStringList{"modalForbiddenShow();"};
 }
 
 void RedirectionTest::refusalsAreShown()
@@ -132,11 +133,14 @@ void RedirectionTest::refusalsAreShown()
                   QJsonObject{{"type", "alarm"}, {"devices", QJsonArray{1}}},
                   QJsonObject{{"response", word}});
     QCOMPARE(session->page.calls(), calls);
-    for (const auto command : {PlaybackCommand::GetRedirection, PlaybackCommand::StopRedirection}) {
-        Fleet::answer(command, QJsonObject(), QJsonObject{{"response", word}});
-    }
-    QCOMPARE(marks(), before);
+    Fleet::answer(PlaybackCommand::GetRedirection, QJsonObject(), QJsonObject{{"response", word}});
     QCOMPARE(starts + stops, 0);
+    session->page.take();
+    // Whoever wants to end is off the air, whatever the server says.
+    Fleet::answer(PlaybackCommand::StopRedirection, QJsonObject(), QJsonObject{{"response", word}});
+    QCOMPARE(stops, 1);
+    QCOMPARE(session->page.calls(), QStringList{"modalAudioTranslationStopError();"});
+    QCOMPARE(marks(), before);
 }
 
 void RedirectionTest::endTakesTheMarksAway_data()

@@ -95,8 +95,9 @@ bool Console::logInToScript()
     value(
         QStringLiteral("wrapper.login_tryLogin('admin', 'x', '127.0.0.1/%1')").arg(server->port()));
     return waitForPage("index.html") &&
-           waitFor("$('#top_menu #device_list').length > 0 && $('#modalShowVersion').length > 0 && "
-                   "$('#bot_menu').children().length > 0 && !$('#loadingModal').is(':visible')");
+           waitFor("$('#top_menu #device_list, #modalShowVersion, #warning_access, "
+                   "#microphone_access').length === 4 && $('#bot_menu').children().length > 0 && "
+                   "!$('#loadingModal').is(':visible')");
 }
 
 bool Console::showSession(const std::function<void()>& fill)

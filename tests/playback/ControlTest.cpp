@@ -15,6 +15,7 @@ private Q_SLOTS:
     void eventChangesThePlayback_data();
     void eventChangesThePlayback();
     void nextTrackIsShown();
+    void answerLeavesTheCardOfAnotherAlone();
     void volumeGoesToTheCarriers_data();
     void volumeGoesToTheCarriers();
     void stoppedPlaybackLeaves_data();
@@ -37,6 +38,7 @@ Playback& addScene()
     Sound::addCarrier(5, playback);
     Sound::addCarrier(6, playback).setPlaybackGroupId(17);
     Sound::addCarrier(7, playback).setPlaybackCategory(PlaybackCategory::CivilDefence);
+    playback.setDeviceList({5, 6, 7});
     Fleet::addDevice(8);
     return playback;
 }
@@ -94,6 +96,10 @@ void ControlTest::eventChangesThePlayback_data()
         push(R"({"action": "playNext", "playbackId": 9, "trackId": 31, "playlistId": 2,
                  "timeshift": 7, "playing": true})"),
         as);
+    row("playNext push without a track",
+        push(R"({"action": "playNext", "playbackId": 4, "trackId": -1, "playlistId": 20,
+                 "timeshift": 10, "playing": false})"),
+        as);
     row("pause push goes nowhere but to a pause",
         push(R"({"action": "pause", "id": 1, "playbackId": 4, "pause": false})"), as);
     row("stop push about another", push(R"({"action": "stop", "id": 9})"), as);
@@ -129,6 +135,23 @@ void ControlTest::nextTrackIsShown()
     push(R"({"action": "pause", "id": 1, "playbackId": 4})")();
     QVERIFY(!Data::getPlaybackById(4)->getPlaying());
     QVERIFY(session.log.contains(QStringLiteral("Pause playback: 1")));
+}
+
+void ControlTest::answerLeavesTheCardOfAnotherAlone()
+{
+    SessionFixture session;
+    addScene();
+    Sound::addPlayback(9, 20, 30);
+    for (const int shown : {9, 4}) {
+        Data::shownPlaybackId = shown;
+        session.page.take();
+        reply(PlaybackCommand::PlayNext, R"({"playbackId": 4, "trackId": 31})")();
+        QCOMPARE(session.page.calls().contains("playlist_selectTrack(31);"), shown == 4);
+        reply(PlaybackCommand::SetVolume, R"({"id": 4, "volume": 9})",
+              R"({"response": "forbidden"})")();
+        QCOMPARE(session.page.calls().contains("playback_setVolume(0);"), shown == 4);
+        QVERIFY(session.page.calls().contains("modalForbiddenShow();"));
+    }
 }
 
 void ControlTest::volumeGoesToTheCarriers_data()
@@ -199,29 +222,36 @@ void ControlTest::gongEnds_data()
 {
     QTest::addColumn<Event>("event");
     QTest::addColumn<bool>("playing");
-    QTest::addColumn<int>("remembered");
-    QTest::addColumn<bool>("shown");
     const Event asked = reply(PlaybackCommand::Stop, R"({"playbackId": 4})");
     const Event pushed = push(R"({"action": "stop", "id": 4})");
-    QTest::newRow("reply") << asked << true << 0 << true;
-    QTest::newRow("reply while paused") << asked << false << 4 << false;
-    QTest::newRow("push") << pushed << true << 4 << true;
-    QTest::newRow("push while paused") << pushed << false << 4 << true;
+    QTest::newRow("reply") << asked << true;
+    QTest::newRow("reply while paused") << asked << false;
+    QTest::newRow("push") << pushed << true;
+    const Event swept = reply(PlaybackCommand::GetPlays, "{}", R"({"list": []})");
+    QTest::newRow("sweep") << swept << true;
+    QTest::newRow("sweep while paused") << swept << false;
+    QTest::newRow("taken over") << reply(
+                                       PlaybackCommand::Play,
+                                       R"({"playlistId": 20, "trackId": 30})",
+                                       R"({"playbackId": 9, "trackId": 30, "activeDevices": [5]})")
+                                << true;
+    QTest::newRow("push while paused") << pushed << false;
 }
 
 void ControlTest::gongEnds()
 {
     QFETCH(Event, event);
     QFETCH(bool, playing);
-    QFETCH(bool, shown);
     SessionFixture session;
     Sound::addLibrary();
-    Sound::addPlayback(4, 7, 40).setPlaying(playing);
+    Playback& gong = Sound::addPlayback(4, 7, 40);
+    gong.setPlaying(playing);
+    Sound::addCarrier(5, gong);
     Data::gongPlaybackId = 4;
     event();
-    QCOMPARE(Sound::playbacks(), QStringList());
-    QTEST(Data::gongPlaybackId, "remembered");
-    QCOMPARE(session.page.calls().contains("gongStop();"), shown);
+    QVERIFY(!Data::getPlaybackById(4));
+    QCOMPARE(Data::gongPlaybackId, 0);
+    QVERIFY(session.page.calls().contains("gongStop();"));
 }
 
 void ControlTest::libraryIsFetchedAgain()

@@ -183,7 +183,12 @@ void PlaybackSlotsTest::requests_data()
     row("playback_prev(9)", "");
     row("playback_setVolume(4, '40', 'playback')",
         R"(playback/setVolume {"id":4,"target":"playback","volume":40})");
+    row("playback_setVolume(4, 40)",
+        R"(playback/setVolume {"id":4,"target":"playback","volume":40})");
     row("playback_setVolume(-1, 40, 'playback')", "");
+    row("playback_startRedirection('5,6', 'alarm')",
+        R"(playback/startRedirection {"devices":[5,6],"strategy":"none","type":"alarm","volume":50,"zones":[]})");
+    row("playback_startRedirection('x', 'alarm')", "");
 }
 
 void PlaybackSlotsTest::requests()

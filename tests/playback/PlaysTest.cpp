@@ -144,13 +144,15 @@ void PlaysTest::unitsOfThePlayback_data()
 void PlaysTest::unitsOfThePlayback()
 {
     QFETCH(QJsonObject, targets);
+    QFETCH(QStringList, devices);
     const SessionFixture session;
     Sound::addLibrary();
     Fleet::addDevice(5);
     Fleet::addDevice(6, DeviceOffline);
     Fleet::addDevice(7, DeviceIncoming);
+    Fleet::addDevice(8).setPlaybackCategory(PlaybackCategory::Alarm); // it goes on
     list({birdsWith(targets)});
-    QTEST(Sound::devices(), "devices");
+    QCOMPARE(Sound::devices(), devices + QStringList{"8=0/-4"});
 }
 
 void PlaysTest::whatIsNotListedGoes()

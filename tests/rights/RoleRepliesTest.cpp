@@ -288,9 +288,10 @@ void RoleRepliesTest::refusals_data()
     row("redirection unknown", RoleCommand::SetRedirection, uses + unknown, {});
     row("add error", RoleCommand::Add, {"error"}, {"modalAdminAddRoleError();"});
     row("add title", RoleCommand::Add, {"titleExists"}, {"modalAdminTitleExists();"});
-    row("add unknown", RoleCommand::Add, general.mid(0, 1) + unknown, {});
-    row("edit", RoleCommand::Edit, general + unknown, {});
-    row("delete", RoleCommand::Delete, general + unknown, {});
+    row("add unknown", RoleCommand::Add, unknown, {});
+    row("edit", RoleCommand::Edit, QStringList{"error"} + unknown, {});
+    row("delete", RoleCommand::Delete, QStringList{"error"} + unknown, {});
+    row("delete forbidden", RoleCommand::Delete, {"forbidden"}, {"modalForbiddenShow();"});
     row("getServer", RoleCommand::GetServer, general + unknown, {});
     row("getZones", RoleCommand::GetZones, general + unknown, {});
 }

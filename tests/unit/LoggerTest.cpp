@@ -80,6 +80,7 @@ private Q_SLOTS:
     void dateChangeOpensAnotherFile();
     void textOfEveryKindArrivesWhole();
     void unopenableFolderStopsNobody();
+    void vanishedFolderIsMadeAgain();
     void folderChangeWaitsForTheNextDay();
 };
 
@@ -232,15 +233,37 @@ void LoggerTest::textOfEveryKindArrivesWhole()
 void LoggerTest::unopenableFolderStopsNobody()
 {
     Place place;
-    place.setFolder(place.folder.filePath(QStringLiteral("missing")));
+    QFile file(place.folder.filePath(QStringLiteral("no folder")));
+    file.open(QIODevice::WriteOnly);
+    file.close();
+    place.setFolder(file.fileName());
     ClockedLogger log(place);
     log.logger.message("only on standard output");
+    QVERIFY(file.remove());
     QVERIFY(place.files().isEmpty());
     // The next day gets another chance.
     place.setFolder(place.folder.path());
     log.now = moment("19-11-2026 12:00:00.000");
     log.logger.message("in the file");
     QCOMPARE(place.linesOf(QStringLiteral("19-11-2026")).size(), 2);
+}
+
+void LoggerTest::vanishedFolderIsMadeAgain()
+{
+    Place place;
+    const QString folder = place.folder.filePath(QStringLiteral("log"));
+    place.setFolder(folder);
+    ClockedLogger log(place);
+    log.logger.message("before");
+    QVERIFY(QDir(folder).removeRecursively());
+    log.now += 1000;
+    log.logger.message("after");
+    const QString path = folder + QStringLiteral("/18-11-2026.txt");
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().endsWith("after\n"));
+    QCOMPARE(QFile::permissions(path) & (QFile::ReadGroup | QFile::ReadOther),
+             QFile::Permissions());
 }
 
 void LoggerTest::folderChangeWaitsForTheNextDay()

@@ -177,7 +177,10 @@ void RepliesTest::loginOutcomes_data()
     QTest::newRow("version") << versionReply("required", 11)
                              << QStringList{QStringLiteral("modalLoginVersionError(9,11);")};
     QTest::newRow("version that is none")
-        << versionReply("required", QStringLiteral("11);x(")) << QStringList();
+        << versionReply("required", QStringLiteral("11);x("))
+        << QStringList{QStringLiteral("modalLoginVersionError(9,0);")};
+    QTest::newRow("no version") << word("required")
+                                << QStringList{QStringLiteral("modalLoginVersionError(9,0);")};
     QTest::newRow("another word") << word("busy") << QStringList();
 }
 
@@ -247,8 +250,11 @@ void RepliesTest::firstUserInformationMakesTheUserCurrent()
 
 void RepliesTest::firstUserInformationAddsAnUnknownUser()
 {
-    const SessionFixture session;
-    answer(UserCommand::GetInfo, userInformation("anna", "Anna", "guard"));
+    SessionFixture session;
+    QJsonObject reply = userInformation("anna", "Anna", "guard");
+    reply.remove(QStringLiteral("title"));
+    answer(UserCommand::GetInfo, reply);
+    QCOMPARE(session.page.calls().last(), QStringLiteral("modalLoadingHide();"));
     const User* const user = Data::getCurrentUser();
     QVERIFY(user);
     QCOMPARE(user->getId(), 0);

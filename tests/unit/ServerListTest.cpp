@@ -5,6 +5,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
+#include <sys/resource.h>
+
 namespace
 {
 
@@ -17,9 +20,9 @@ struct Place {
         file.open(QIODevice::WriteOnly);
         file.write(text);
     }
-    QByteArray text() const
+    QByteArray text(const QString& name = QStringLiteral("servers.json")) const
     {
-        QFile file(path());
+        QFile file(folder.filePath(name));
         file.open(QIODevice::ReadOnly);
         return file.readAll();
     }
@@ -46,6 +49,25 @@ QStringList shown(const ServerList& list)
     return words;
 }
 
+/// No file can grow while it lives.
+class FullDisk
+{
+public:
+    FullDisk()
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before);
+        rlimit none = before;
+        none.rlim_cur = 0;
+        setrlimit(RLIMIT_FSIZE, &none);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before); }
+    Q_DISABLE_COPY(FullDisk)
+
+private:
+    rlimit before{};
+};
+
 const QString first = QStringLiteral("10.0.0.1");
 const QString second = QStringLiteral("10.0.0.2");
 
@@ -63,6 +85,8 @@ private Q_SLOTS:
     void deletedServerLeavesNoOtherDefault();
     void defaultMovesToTheServerLoggedInTo();
     void unwritableFolderKeepsTheListInMemory();
+    void fullDiskKeepsTheOldFile();
+    void consolesKeepEachOthersServers();
 };
 
 void ServerListTest::fileIsReadEntryByEntry_data()
@@ -111,6 +135,7 @@ void ServerListTest::brokenFileStaysUntilAChange()
     QCOMPARE(place.text(), QByteArray("servers"));
     QVERIFY(list.addServer({first, 2049, false}));
     QCOMPARE(shown(place.loaded()), QStringList{QStringLiteral("10.0.0.1/2049")});
+    QCOMPARE(place.text("servers.json.broken"), QByteArray("servers"));
 }
 
 void ServerListTest::savedFormIsFixed()
@@ -185,6 +210,40 @@ void ServerListTest::unwritableFolderKeepsTheListInMemory()
     QVERIFY(list.addServer({first, 2049, false}));
     QCOMPARE(list.size(), 1);
     QVERIFY(place.log.hasLineWith(QStringLiteral("Server list not saved")));
+}
+
+void ServerListTest::fullDiskKeepsTheOldFile()
+{
+    const Place place;
+    ServerList list(place.path());
+    list.addServer({first, 2049, true});
+    const QByteArray before = place.text();
+    QCOMPARE(QFile::permissions(place.path()) & (QFile::ReadGroup | QFile::ReadOther),
+             QFile::Permissions());
+    {
+        const FullDisk full;
+        list.addServer({second, 2049, false});
+    }
+    QCOMPARE(place.text(), before);
+    list.setDefault(second, 2049); // there is room again
+    QCOMPARE(shown(place.loaded()), QStringList{QStringLiteral("10.0.0.1/2049")});
+}
+
+void ServerListTest::consolesKeepEachOthersServers()
+{
+    const Place place;
+    ServerList one(place.path());
+    ServerList other(place.path());
+    one.addServer({first, 2049, true});
+    other.addServer({second, 2049, false});
+    one.setDefault(second, 2049);
+    const QStringList both{QStringLiteral("10.0.0.1/2049"), QStringLiteral("10.0.0.2/2049*")};
+    QCOMPARE(shown(place.loaded()), both);
+    QVERIFY(!one.addServer({second, 2049, false})); // the other has it already
+    other.deleteServer(first, 2049);
+    one.addServer({first, 2050, false});
+    const QStringList expected{QStringLiteral("10.0.0.2/2049*"), QStringLiteral("10.0.0.1/2050")};
+    QCOMPARE(shown(place.loaded()), expected);
 }
 
 QTEST_GUILESS_MAIN(ServerListTest)

@@ -70,6 +70,7 @@ void refreshDevice(Device& device, const QJsonObject& message)
     DeviceState::readVolume(set);
     sendFor(device.getId(), DeviceCommand::GetEqualizer);
     readPlayback(set);
+    device.setRead();
     if (device.getAvailableMemory() == 0 && device.getStatus() == DeviceOnline) {
         DeviceState::requestMemory(device.getId());
     }
@@ -85,6 +86,7 @@ void requestRest(int deviceId, bool online)
         sendFor(deviceId, DeviceCommand::GetEqualizer);
     }
     sendFor(deviceId, DeviceCommand::GetConfig);
+    sendFor(deviceId, DeviceCommand::GetState); // its addresses, which the push doesn't tell
 }
 
 void addDevice(int id, const QJsonObject& message)
@@ -101,6 +103,7 @@ void addDevice(int id, const QJsonObject& message)
     readHull(set);
     DeviceState::mergeLines(set);
     readPlayback(set);
+    device->setRead();
     if (Zone* const root = Data::getZoneById(Zone::serverRoot)) {
         ZoneMembership::include(*root, *device);
     }
@@ -138,8 +141,10 @@ void inputProtocolDeviceCommandReloadChanges(const QJsonObject& message)
     }
     const Device* const device = Data::getDeviceById(*id);
     if (device && device->getStatus() != DeviceOffline) {
-        Page::call("deviceInfo_cleanMessageList");
-        Page::call("deviceInfo_cleanScenarioList");
+        if (Data::shownDeviceId == 0 || Data::shownDeviceId == *id) {
+            Page::call("deviceInfo_cleanMessageList");
+            Page::call("deviceInfo_cleanScenarioList");
+        }
         DeviceState::requestMemory(*id);
     }
 }

@@ -63,10 +63,8 @@ void inputProtocolPlaybackCommandStop(const QJsonObject& message)
     }
     const int id = playback->getId();
     freeDevices(id);
+    PlaybackState::forgetGong(*playback);
     Data::playbackList.remove(playback);
-    if (id == Data::gongPlaybackId) {
-        Page::call("gongStop");
-    }
     Page::call("wrapperInput_playback_stop", id);
 }
 
@@ -83,7 +81,7 @@ void inputProtocolPlaybackCommandPlayNext(const QJsonObject& message)
     logPush("PlayNext playback: ", Fields::integer(message, "playbackId"));
     if (Playback* const playback = PlaybackState::named(message, "playbackId")) {
         FieldSetter set(*playback, message, "playNext");
-        set.integer("trackId", &Playback::setTrackId);
+        set.integer("trackId", &Playback::setTrackId, 0);
         set.integer("playlistId", &Playback::setPlaylistId);
         set.integer("timeshift", &Playback::setTimeShift);
         set.boolean("playing", &Playback::setPlaying);

@@ -24,6 +24,12 @@ Device& addDevice(int id)
           DeviceCommand::GetConfig, DeviceCommand::GetState}) {
         send(command, {{QStringLiteral("id"), id}});
     }
+    // None of these tells of its link, nor of what it plays. One list does for all that come at
+    // once.
+    if (DeviceState::unreadCount() == 0) {
+        send(DeviceCommand::GetDevices);
+    }
+    device.setUnread(UnreadPart::Memory);
     return device;
 }
 

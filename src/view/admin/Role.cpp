@@ -90,7 +90,7 @@ void WebView::admin_loadRoleList()
 
 void WebView::admin_selectRole(int id)
 {
-    const SlotLog log("admin_selectRole", {}, LogLevel::RoleSettings);
+    const SlotLog log("admin_selectRole", QStringLiteral(": %1").arg(id), LogLevel::RoleSettings);
     const Role* const role = Data::getRoleById(id);
     if (!role) {
         Log::message(QStringLiteral("Unknown role: %1").arg(id), LogLevel::RoleSettings);

@@ -6,8 +6,10 @@
         $("<option>").val(name).text(name).appendTo(list);
     }
 
+    // A device that isn't there leaves nothing chosen, and stays what is stored.
     function selectSoundDevice(list, name) {
-        $(list).val(name).trigger("change");
+        buildSelect(list, name === "" ? "По умолчанию" : name + " (не подключен)");
+        $(list).data("stored", name).val(name).trigger("change");
     }
 
     function loadVolume(slider, value) {
@@ -26,6 +28,10 @@
         },
         wrapperInput_settings_mediaOutputSelect: function (name) {
             selectSoundDevice("#settings_media_output", name);
+        },
+        // What "Сохранить" stores: the choice, or what is stored already.
+        settings_mediaInput: function () {
+            return $("#settings_media_input").val() || $("#settings_media_input").data("stored") || "";
         },
         loadVolumeMicrophone: function (value) {
             loadVolume("#settings_volume_microphone", value);
@@ -52,7 +58,7 @@
         },
     });
 
-    buildSelect("#settings_media_input");
+    buildSelect("#settings_media_input", "");
     $(".settings_panel").on("input", ".slider", paintSlider);
     $("#settings_media_start").on("click", () => startSoundTest());
     $("#settings_media_stop").on("click", () => stopSoundTest());
