@@ -62,7 +62,7 @@ QVector<QByteArray> recordLogin(Console& console, quint16 port, int units)
     static const QRegularExpression request("Quered message: (\\{.*?\n\\})\n",
                                             QRegularExpression::DotMatchesEverythingOption);
     QVector<QByteArray> texts;
-    const QDir folder(console.folder());
+    const QDir folder(console.folder() + "log");
     const QStringList logs = folder.entryList({"*.txt"});
     for (const QString& name : logs) {
         QFile log(folder.filePath(name));
@@ -138,7 +138,6 @@ void measure(Measure::Report& report, Console& console, int units, int repetitio
 
 int main(int argc, char* argv[])
 {
-    Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const int scale = Measure::option(argc, argv, "--scale", 1); // divides every number of units

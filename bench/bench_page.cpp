@@ -11,7 +11,7 @@
 #include "network/TcpClient.h"
 #include "page/Console.h"
 #include "page/ScriptCall.h"
-#include "view/LocalPage.h"
+#include "view/ScriptPipe.h"
 #include "view/WebView.h"
 
 #include <QApplication>
@@ -40,8 +40,6 @@ const char* const bareMode = "--memory-bare";
 
 void makeFleet(int units)
 {
-    Data::deviceList.clear();
-    Data::zoneList.clear();
     for (int id = 2; id < 2 + zones; ++id) {
         auto zone = std::make_unique<Zone>();
         zone->setId(id);
@@ -96,12 +94,11 @@ QString isFull(int units)
 
 void showHomePage(Console& console, int units)
 {
-    console.load(LocalPage::sessionUrl);
-    if (!console.waitFor(
+    if (!console.showSession([=] { makeFleet(units); }) ||
+        !console.waitFor(
             isFull(units) + QStringLiteral(" && $('.zone').length > %1").arg(zones - 1), 120000)) {
         fail("the home page didn't fill");
     }
-    console.value("modalLoadingHide()");
 }
 
 /// From the operator's click on the tab until all tiles have been painted, in seconds.
@@ -147,27 +144,29 @@ QByteArray statePush(int order)
     return QJsonDocument(push).toJson();
 }
 
-/// What the console's page is told because of one push.
-QStringList scriptsOf(const QByteArray& push, WebView& view)
+/// What the console's page is told because of one push, as script texts for a bare view.
+QStringList scriptsOf(const QByteArray& push, ScriptPipe& pipe)
 {
     QStringList scripts;
     Page::setSink([&](const Page::Call& call) {
-        const QString script = call.script();
-        scripts.append(script);
-        view.runJavascript(script);
+        scripts.append(
+            QStringLiteral("typeof %1==='function'&&%2").arg(call.function, call.script()));
+        pipe.add(call);
     });
     Data::parser.parse(push);
-    Page::setSink([&](const Page::Call& call) { view.runJavascript(call.script()); });
+    Page::setSink([&](const Page::Call& call) { pipe.add(call); });
     return scripts;
 }
 
-void measurePush(Measure::Report& report, WebView& view, int units, int pushes, int repetitions)
+void measurePush(Measure::Report& report, Program& program, int units, int pushes, int repetitions)
 {
+    ScriptPipe& pipe = program.scripts();
+    QWebFrame* const frame = program.view().frame();
     QVector<QByteArray> texts;
     QVector<QStringList> scripts;
     for (int order = 0; order < pushes; ++order) {
         texts.append(statePush(order));
-        scripts.append(scriptsOf(texts.last(), view));
+        scripts.append(scriptsOf(texts.last(), pipe));
     }
     const auto bare = [&] {
         return Measure::seconds([&] {
@@ -176,7 +175,7 @@ void measurePush(Measure::Report& report, WebView& view, int units, int pushes, 
                     fail("no JSON");
                 }
                 for (const QString& script : scripts.at(index)) {
-                    view.runJavascript(script);
+                    frame->evaluateJavaScript(script);
                 }
             }
         });
@@ -186,8 +185,10 @@ void measurePush(Measure::Report& report, WebView& view, int units, int pushes, 
         Data::parser.reset();
         return Measure::seconds([&] {
             for (const QByteArray& text : texts) {
+                const ScriptPipe::Gathering read(pipe); // a push comes in a read of its own
                 Data::parser.parse(text);
             }
+            pipe.flush();
         });
     };
     std::vector<Measure::Way> ways{{"parsing, and evaluating the same scripts", bare},
@@ -214,8 +215,7 @@ int showConsole(int units, const QString& file)
 {
     Console console;
     Data::debugMode = false;
-    console.waitForPage("login.html");
-    makeFleet(units);
+    console.showLogin();
     showHomePage(console, units);
     paint(console.view());
     const long memory = residentMemory();
@@ -274,7 +274,6 @@ void measureMemory(Measure::Report& report, int units, int repetitions)
 
 void measurePage(Measure::Report& report, Console& console, int units, int repetitions)
 {
-    makeFleet(units);
     showHomePage(console, units);
     std::vector<double> loads;
     std::vector<double> stalls;
@@ -297,7 +296,6 @@ void measurePage(Measure::Report& report, Console& console, int units, int repet
 
 int main(int argc, char* argv[])
 {
-    Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const QStringList arguments = QCoreApplication::arguments();
@@ -314,15 +312,14 @@ int main(int argc, char* argv[])
     {
         Console console;
         Data::debugMode = false;
-        console.waitForPage("login.html");
+        console.showLogin();
         for (const int units : {1000, 5000}) {
             measurePage(report, console, units / scale, repetitions);
         }
         for (const int units : {10, 1000, 5000}) {
             const int count = std::max(units / scale, 10);
-            makeFleet(count);
             showHomePage(console, count);
-            measurePush(report, console.view(), count, pushes, repetitions);
+            measurePush(report, console.program(), count, pushes, repetitions);
         }
     }
     measureMemory(report, 1000 / scale, std::min(repetitions, 3));

@@ -2,6 +2,7 @@
 // shows the same page. Each start is a process of its own: this program with a mode.
 
 #include "Measure.h"
+#include "app/Program.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -12,8 +13,11 @@
 #include <spawn.h>
 #include <sys/wait.h>
 
-/// The console's own `main`, under another name in this program.
-int consoleMain(int argc, char* argv[]);
+/// Outside of any namespace, as its macro wants it.
+void initPages()
+{
+    Q_INIT_RESOURCE(web);
+}
 
 namespace
 {
@@ -48,9 +52,17 @@ void watchForPaint()
 }
 Q_COREAPP_STARTUP_FUNCTION(watchForPaint)
 
+int consoleMain(int argc, char* argv[])
+{
+    const QApplication application(argc, argv);
+    const Program program;
+    return QApplication::exec();
+}
+
 int bareMain(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
+    initPages();
     QWebView view;
     view.resize(1280, 800);
     QObject::connect(&view, &QWebView::loadFinished, &view, &QWidget::show);

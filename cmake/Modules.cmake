@@ -1,9 +1,15 @@
 # One line for a library, one line for a test.
 
-# vantordesk_module(<name> SOURCES ... [LINKS ...]): a static library of ours,
-# whose headers are included by their path below src/.
+# vantordesk_module(<name> FOLDER <folder> [EXCEPT ...] | SOURCES ... [LINKS ...]): a static library
+# of all that lies in a folder, or of some sources. Our headers are included by their path below
+# src/.
 function(vantordesk_module name)
-  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(arg "" "FOLDER" "SOURCES;EXCEPT;LINKS" ${ARGN})
+  if(arg_FOLDER)
+    file(GLOB_RECURSE arg_SOURCES CONFIGURE_DEPENDS RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}"
+      "${arg_FOLDER}/*.cpp")
+    list(REMOVE_ITEM arg_SOURCES ${arg_EXCEPT})
+  endif()
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
   target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE vantordesk_options)

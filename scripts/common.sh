@@ -33,8 +33,9 @@ usage() { awk 'NR > 1 { if (!sub(/^# ?/, "")) exit; print }' "$SCRIPT"; }
 readonly BUILD_PACKAGES=(build-essential cmake ninja-build ccache qtbase5-dev libqt5webkit5-dev
     qtmultimedia5-dev libqt5multimedia5-plugins libvlc-dev vlc-plugin-base pkgconf openssl
     fonts-noto-core ca-certificates)
-readonly TEST_PACKAGES=(git pulseaudio pulseaudio-utils ffmpeg iproute2 clang-format clang-tidy shellcheck)
-readonly VIRTUAL_DISPLAY_PACKAGES=(xvfb xauth imagemagick)
+readonly TEST_PACKAGES=(git pulseaudio pulseaudio-utils ffmpeg iproute2 clang-format clang-tidy shellcheck
+    xvfb xdotool imagemagick)
+readonly VIRTUAL_DISPLAY_PACKAGES=(xvfb xauth xdotool imagemagick)
 
 # missing_packages PACKAGE...: those of them that aren't installed, one a line.
 # node and npm count as commands: many machines have them from elsewhere, and

@@ -25,6 +25,19 @@ start_virtual_display() {
     unset WAYLAND_DISPLAY
 }
 
+# type_login NAME PASSWORD: fills the login page in the console's window, once
+# that shows it, and presses Enter.
+type_login() {
+    local window
+    window=$(timeout 20 xdotool search --sync --onlyvisible --name '^Пульт управления вещанием$' | head -n 1)
+    [[ -n $window ]] || die "the console shows no window"
+    xdotool windowfocus --sync "$window"
+    xdotool type "$1"
+    xdotool key Tab
+    xdotool type "$2"
+    xdotool key Return
+}
+
 # take_picture FILE PID SECONDS: waits until the window of process PID shows a
 # page that no longer changes, and writes it to FILE. An empty window has one
 # or two colours, a page with text has dozens.

@@ -22,7 +22,6 @@ class Track;
 class User;
 class WebView;
 class Zone;
-class ZoneType;
 struct Firmware;
 struct Message;
 struct Scenario;
@@ -36,12 +35,11 @@ class Data
 public:
     Data() = delete;
 
-    // Singletons and process settings. Pointers are set by `main` and stay null in programs that
-    // have no such object.
+    // Singletons and process settings. Pointers are set by `Program` and are null without it.
     static QApplication* app;
-    static const QString clientVersion; ///< version, build date and time, as shown to the operator
-    static bool debugMode;              ///< `--debug` was given
-    static QSettings* settings;         ///< config.ini
+    static QString clientVersion; ///< version, build date and time, as shown to the operator
+    static bool debugMode;        ///< `--debug` was given
+    static QSettings* settings;   ///< config.ini
     static LogSettings* logSettings;
     static WebView* webView;
     static TcpClient tcpClient;
@@ -55,7 +53,6 @@ public:
     // The mirror, in order of arrival.
     static ModelList<Device> deviceList;
     static ModelList<Zone> zoneList;
-    static QVector<ZoneType> zoneTypeList; ///< filled by `main`, kept across sessions
     static ModelList<Playback> playbackList;
     static ModelList<Playlist> playlistList;
     static ModelList<Track> trackList;
@@ -100,31 +97,6 @@ public:
     /// Null means that the server hasn't told the role yet.
     static Role* getCurrentRole();
     static Track* getFirstTrackInPlaylist(int playlistId);
-    /// The class by which the pages mark what carries a playback.
-    static QString getPlaybackClass(int playbackId);
-    /// The category, 1 to 7, below which a playlist hangs; 0 for one that hangs below none, or
-    /// that isn't known.
-    static int getPlaybackType(int playlistId);
-    /// The path of the playlist at an index of `playlistList`, cut to its last two steps; empty
-    /// for an index that the list doesn't have.
-    static QString getPlaylistName(int index);
-
-    /// The position for a new entry: one behind the last sibling in list order, 0 without any.
-    static int getPlaylistNewPositionId(int parentId);
-    static int getTrackNewPositionId(int playlistId);
-
-    // Entries of a unit's own memory. Deleting one moves those behind it up by one, and tells the
-    // page; deleting all tells it of each.
-    static QVector<Message> getDeviceMessages(int deviceId);
-    static QVector<Scenario> getDeviceScenarios(int deviceId);
-    static void deleteDeviceMessage(int deviceId, int position);
-    static void deleteDeviceScenario(int deviceId, int position);
-    static void deleteDeviceMessages(int deviceId);
-    static void deleteDeviceScenarios(int deviceId);
-
-    /// The units that switched-on tasks play on. A task without targets stands for all units and
-    /// ends the walk, so ids may repeat then.
-    static QVector<int> getDeviceListFromTasks();
 
     /// Forgets everything that belongs to one connection, in the order of the fields.
     static void clearSession();

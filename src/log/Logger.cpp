@@ -42,6 +42,7 @@ void Logger::setPort(const int* localPort)
 void Logger::setConfig(const QSettings* configuration)
 {
     config = configuration;
+    file.reset(); // it may name another folder
 }
 
 void Logger::setDebug(const bool* debugMode)

@@ -5,6 +5,7 @@
 #include "media/CaptureOptions.h"
 #include "media/CapturePlayer.h"
 #include "page/ScriptCall.h"
+#include "protocol/Redirection.h"
 #include "protocol/Reply.h"
 #include "protocol/Request.h"
 
@@ -38,6 +39,29 @@ AudioManager::AudioManager()
 }
 
 AudioManager::~AudioManager() = default;
+
+void AudioManager::join()
+{
+    redirectionHooks().started = [this](const QJsonObject& reply) { start(reply); };
+    redirectionHooks().stopped = [this] {
+        if (isPlayed()) {
+            stop();
+        }
+    };
+    redirectionHooks().endedElsewhere = [this] {
+        const bool spoke = isPlayed();
+        if (spoke) {
+            setPlayed(false);
+        }
+        return spoke;
+    };
+}
+
+void AudioManager::part()
+{
+    redirectionHooks() = {};
+    release();
+}
 
 void AudioManager::start(QJsonObject reply)
 {

@@ -19,6 +19,11 @@ public:
     AudioManager();
     ~AudioManager() override;
 
+    /// Takes what the server says about live broadcasts from now on.
+    void join();
+    /// The reverse of `join`; closes what is open.
+    void part();
+
     /// Streams to the port that the reply names, from the stored input, in place of a stream that
     /// runs. Where that fails the server is asked to end the broadcast it has begun.
     void start(QJsonObject reply);

@@ -29,10 +29,12 @@ PlaybackUpdater::PlaybackUpdater()
 
 void PlaybackUpdater::update()
 {
+    onUpdate(true);
     for (Playback& playback : Data::playbackList) {
         if (moves(playback)) {
             playback.setTimeShift(playback.getTimeShift() + periodInSeconds);
         }
     }
+    onUpdate(false);
     timer.start(periodInMilliseconds);
 }

@@ -21,8 +21,7 @@ NetworkCommand::Function replyHandler(const char* protocol, const CommandRow& ro
     if (onlyReads(QLatin1String(row.name))) {
         return row.handler;
     }
-    const bool tellsForbidden =
-        Forbidden::isTold(QLatin1String(protocol), QLatin1String(row.name));
+    const bool tellsForbidden = Forbidden::isTold(QLatin1String(protocol), QLatin1String(row.name));
     const QString request = QLatin1String(protocol) + QLatin1Char('/') + QLatin1String(row.name);
     return [handler = row.handler, tellsForbidden, request](const QJsonObject& reply) {
         const QString word = response(reply);

@@ -5,6 +5,7 @@
 #include "log/Log.h"
 #include "model/Device.h"
 #include "model/DeviceMemory.h"
+#include "model/MemoryEntries.h"
 #include "model/ModelList.h"
 #include "network/Fields.h"
 #include "page/ScriptCall.h"
@@ -148,13 +149,14 @@ void protocolDeviceCommandGetAvailableMemory(const QJsonObject& reply)
 void protocolDeviceCommandListMessages(const QJsonObject& reply)
 {
     Log::message("Start parse message list");
-    takeList<Message>(reply, Data::messageList, Data::deleteDeviceMessages, readMessage);
+    takeList<Message>(reply, Data::messageList, MemoryEntries::deleteDeviceMessages, readMessage);
 }
 
 void protocolDeviceCommandListScenarios(const QJsonObject& reply)
 {
     Log::message("Start parse scenario list");
-    takeList<Scenario>(reply, Data::scenarioList, Data::deleteDeviceScenarios, readScenario);
+    takeList<Scenario>(reply, Data::scenarioList, MemoryEntries::deleteDeviceScenarios,
+                       readScenario);
 }
 
 void protocolDeviceCommandGetPlays(const QJsonObject& reply)

@@ -3,6 +3,7 @@
 #include "app/Data.h"
 #include "log/Dropped.h"
 #include "model/Device.h"
+#include "model/Library.h"
 #include "model/ModelList.h"
 #include "model/Playback.h"
 #include "model/Task.h"
@@ -22,7 +23,7 @@ void readFields(Playback& playback, const QJsonObject& element)
     set.integer("playlistId", &Playback::setPlaylistId);
     set.integer("trackId", &Playback::setTrackId);
     set.integer("volume", &Playback::setVolume);
-    playback.setPlaybackType(Data::getPlaybackType(playback.getPlaylistId()));
+    playback.setPlaybackType(Library::getPlaybackType(playback.getPlaylistId()));
     set.boolean("playing", &Playback::setPlaying);
     set.text("targetPlaying", &Playback::setTargetPlaying);
     set.integer("repeats", &Playback::setRepeats);

@@ -4,6 +4,7 @@
 #include "log/Dropped.h"
 #include "log/Log.h"
 #include "model/Device.h"
+#include "model/Library.h"
 #include "model/ModelList.h"
 #include "model/Playback.h"
 #include "model/Playlist.h"
@@ -66,7 +67,7 @@ void readStart(Playback& playback, const QJsonObject& reply)
     FieldSetter wanted(playback, asked, "play");
     wanted.integer("playlistId", &Playback::setPlaylistId);
     told.integer("trackId", &Playback::setTrackId);
-    playback.setPlaybackType(Data::getPlaybackType(playback.getPlaylistId()));
+    playback.setPlaybackType(Library::getPlaybackType(playback.getPlaylistId()));
     playback.setPlaying(true);
     wanted.text("targetPlaying", &Playback::setTargetPlaying);
     wanted.integer("repeats", &Playback::setRepeats);

@@ -146,7 +146,10 @@ void protocolUserCommandLogout(const QJsonObject& reply)
         } else {
             Data::tcpClient.exit();
         }
-    } else if (response(reply) == QLatin1String("error")) {
+        return;
+    }
+    Data::waitForExit = false; // a later logout is no exit
+    if (response(reply) == QLatin1String("error")) {
         send(UserCommand::GetInfo);
     }
 }
@@ -185,6 +188,7 @@ void protocolUserCommandGetInfo(const QJsonObject& reply)
         user->setTitle(title.value_or(user->getTitle()));
     }
     Page::call("modalLoadingHide");
+    runHook(sessionHooks().loginCompleted);
 }
 
 void protocolUserCommandCheckAccess(const QJsonObject& reply)

@@ -4,6 +4,9 @@ class NetworkParser;
 
 /// Registers all protocols, in the order of `ProtocolId`. Called once, before any connection.
 void initProtocols(NetworkParser* parser);
+/// Joins the program's parser with its protocols and pushes, and its client with the parser; a
+/// second call does nothing.
+void joinProtocols();
 
 void initProtocolDevice(NetworkParser* parser);
 void initProtocolHelper(NetworkParser* parser);

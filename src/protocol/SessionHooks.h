@@ -7,6 +7,7 @@
 struct SessionHooks {
     std::function<void()> loginSucceeded; ///< the server has accepted the login
     std::function<void()> loginRefused;   ///< wrong name or password
+    std::function<void()> loginCompleted; ///< the login's last reply has told who we are
     std::function<void()> lockOpened;     ///< the password of the screen lock was right
     std::function<void()> closeProgram;   ///< the logout that leaves the program is through
 };

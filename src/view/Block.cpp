@@ -5,11 +5,11 @@
 #include "page/ScriptCall.h"
 #include "protocol/ProtocolUser.h"
 #include "protocol/Request.h"
+#include "view/IdleLock.h"
 #include "view/PasswordDigest.h"
 #include "view/SlotLog.h"
 
 #include <QSettings>
-#include <QTimer>
 
 #include <algorithm>
 #include <limits>
@@ -17,21 +17,11 @@
 namespace
 {
 
-constexpr int millisecondsInMinute = 60000;
-constexpr int defaultBlockMilliseconds = 10 * millisecondsInMinute;
-constexpr int longestMinutes = std::numeric_limits<int>::max() / millisecondsInMinute;
-
-/// The idle time that locks, read afresh each time. A value that is no time gives the default: a
-/// lock that comes back at once could never be opened.
-int blockMilliseconds()
-{
-    const int stored = Data::settings->value(QStringLiteral("admin/block_time")).toInt();
-    return stored > 0 ? stored : defaultBlockMilliseconds;
-}
+constexpr int longestMinutes = std::numeric_limits<int>::max() / IdleLock::millisecondsInMinute;
 
 void showBlockTime()
 {
-    Page::call("loadBlockTime", blockMilliseconds() / millisecondsInMinute);
+    Page::call("loadBlockTime", IdleLock::idleMilliseconds() / IdleLock::millisecondsInMinute);
 }
 
 void checkAccess(const char* target, const QString& password)
@@ -42,18 +32,9 @@ void checkAccess(const char* target, const QString& password)
 
 } // namespace
 
-void WebView::startBlockTimer()
-{
-    blockTimer->start(blockMilliseconds());
-}
-
 void WebView::resetBlockTimer()
 {
-    if (Data::blockStatus) {
-        startBlockTimer();
-    } else {
-        blockTimer->stop();
-    }
+    lock.reset();
 }
 
 void WebView::modal_blockShow()
@@ -97,7 +78,8 @@ void WebView::settings_block_save(bool enabled, int minutes)
         showBlockTime();
     }
     Data::settings->setValue(QStringLiteral("admin/block_time"),
-                             std::clamp(minutes, 1, longestMinutes) * millisecondsInMinute);
+                             std::clamp(minutes, 1, longestMinutes) *
+                                 IdleLock::millisecondsInMinute);
     Data::blockStatus = enabled;
     Data::settings->setValue(QStringLiteral("admin/block_enable"), enabled);
     resetBlockTimer();

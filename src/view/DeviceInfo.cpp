@@ -3,6 +3,7 @@
 #include "app/Data.h"
 #include "model/Device.h"
 #include "model/DeviceMemory.h"
+#include "model/MemoryEntries.h"
 #include "model/ModelList.h"
 #include "model/Playback.h"
 #include "model/Playlist.h"
@@ -11,7 +12,6 @@
 #include "protocol/CurrentRole.h"
 #include "protocol/DeviceState.h"
 #include "protocol/ZoneMembership.h"
-#include "view/DeviceReplay.h"
 #include "view/SlotLog.h"
 
 namespace
@@ -108,7 +108,7 @@ void showMemory(const QVector<Entry>& entries, int playingPosition, int groupId)
 void WebView::menu_loadDeviceInfoList()
 {
     const SlotLog log("menu_loadDeviceInfoList");
-    deviceReplay->start([](const Device& device) { DeviceState::addToPage(device); });
+    replayDevices([](const Device& device) { DeviceState::addToPage(device); });
 }
 
 void WebView::menu_loadDeviceInfo(int id)
@@ -134,10 +134,10 @@ void WebView::menu_loadDeviceInfo(int id)
         showDeviceManagement();
     }
     Page::call("deviceInfo_cleanMessageList");
-    showMemory(Data::getDeviceMessages(id), device.getMessagePlaying(),
+    showMemory(MemoryEntries::getDeviceMessages(id), device.getMessagePlaying(),
                device.getPlaybackGroupId());
     Page::call("deviceInfo_cleanScenarioList");
-    showMemory(Data::getDeviceScenarios(id), device.getScenarioPlaying(),
+    showMemory(MemoryEntries::getDeviceScenarios(id), device.getScenarioPlaying(),
                device.getPlaybackGroupId());
 }
 

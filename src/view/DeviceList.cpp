@@ -3,12 +3,13 @@
 #include "app/Data.h"
 #include "log/LogSettings.h"
 #include "model/Device.h"
+#include "model/Library.h"
 #include "model/ModelList.h"
 #include "page/ScriptCall.h"
 #include "protocol/DeviceState.h"
 #include "protocol/Request.h"
 #include "protocol/ZoneMembership.h"
-#include "view/DeviceReplay.h"
+#include "view/ScriptPipe.h"
 #include "view/SlotLog.h"
 
 #include <QJsonArray>
@@ -58,10 +59,23 @@ std::optional<QJsonArray> readLevels(const QVariantList& levels)
 
 } // namespace
 
+void WebView::replayDevices(const std::function<void(const Device&)>& show)
+{
+    QVector<int> ids;
+    for (const Device& device : Data::deviceList) {
+        ids.append(device.getId());
+    }
+    scripts.replay("units", std::move(ids), [show](int id) {
+        if (const Device* const device = Data::getDeviceById(id)) {
+            show(*device);
+        }
+    });
+}
+
 void WebView::deviceList_listLoad()
 {
     const SlotLog log("deviceList_listLoad", QStringLiteral("()"));
-    deviceReplay->start([](const Device& device) {
+    replayDevices([](const Device& device) {
         DeviceState::addToPage(device);
         showDetails(device, [&] { showHealth(device); });
     });
@@ -70,8 +84,8 @@ void WebView::deviceList_listLoad()
 void WebView::deviceList_listSelectLoad()
 {
     const SlotLog log("deviceList_listSelectLoad", QStringLiteral("()"));
-    deviceReplay->start([](const Device& device) {
-        DeviceState::addToPage(device, Data::getPlaybackClass(device.getPlayback()));
+    replayDevices([](const Device& device) {
+        DeviceState::addToPage(device, Library::getPlaybackClass(device.getPlayback()));
         showDetails(device, [] {});
     });
 }

@@ -40,16 +40,19 @@ LocalPage::LocalPage(QObject* parent) : QWebPage(parent)
     local->setAttribute(QWebSettings::DnsPrefetchEnabled, false);
     local->setAttribute(QWebSettings::JavascriptCanOpenWindows, false);
     local->setAttribute(QWebSettings::LocalContentCanAccessRemoteUrls, true);
+    connect(this, &QWebPage::consoleMessageReceived, this, &LocalPage::logMessage);
     connect(this, &QWebPage::frameCreated, this, &LocalPage::closeSocketDoor);
     closeSocketDoor(mainFrame());
 }
 
-/// Web sockets pass by the network access manager, so they are taken away from the scripts.
+/// Web sockets pass by the network access manager, so they are taken away from the scripts, and so
+/// are the workers, which have sockets of their own.
 void LocalPage::closeSocketDoor(QWebFrame* frame)
 {
     connect(frame, &QWebFrame::javaScriptWindowObjectCleared, this, [frame] {
         frame->evaluateJavaScript(
-            QStringLiteral("Object.defineProperty(window, 'WebSocket', {value: undefined});"));
+            QStringLiteral("['WebSocket', 'Worker', 'SharedWorker'].forEach(function (name) {"
+                           "Object.defineProperty(window, name, {value: undefined}); });"));
     });
 }
 
@@ -69,11 +72,13 @@ QWebPage* LocalPage::createWindow(WebWindowType)
     return nullptr;
 }
 
-void LocalPage::javaScriptConsoleMessage(const QString& message, int line, const QString& source)
+void LocalPage::logMessage(MessageSource, MessageLevel level, const QString& message, int line,
+                           const QString& source)
 {
+    const bool isFault = level == ErrorMessageLevel || level == WarningMessageLevel;
     Log::message(
         QStringLiteral("Page message: %1 (%2:%3)").arg(message, source, QString::number(line)),
-        LogLevel::Debug);
+        isFault ? LogLevel::Always : LogLevel::Debug);
 }
 
 void LocalPage::javaScriptAlert(QWebFrame*, const QString& message)

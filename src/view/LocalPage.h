@@ -21,7 +21,7 @@ protected:
 };
 
 /// A page that goes nowhere but to the two top pages, opens no windows, and whose script messages
-/// go to the log.
+/// go to the log: faults always, the others in debug mode.
 class LocalPage : public QWebPage
 {
     Q_OBJECT
@@ -35,9 +35,10 @@ protected:
     bool acceptNavigationRequest(QWebFrame* frame, const QNetworkRequest& request,
                                  NavigationType type) override;
     QWebPage* createWindow(WebWindowType type) override;
-    void javaScriptConsoleMessage(const QString& message, int line, const QString& source) override;
     void javaScriptAlert(QWebFrame* frame, const QString& message) override;
 
 private:
     void closeSocketDoor(QWebFrame* frame);
+    void logMessage(MessageSource origin, MessageLevel level, const QString& message, int line,
+                    const QString& source);
 };

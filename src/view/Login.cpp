@@ -8,6 +8,7 @@
 #include "network/TcpClient.h"
 #include "page/ScriptCall.h"
 #include "protocol/Request.h"
+#include "view/IdleLock.h"
 #include "view/LocalPage.h"
 #include "view/PasswordDigest.h"
 #include "view/ServerAddress.h"
@@ -93,9 +94,7 @@ void WebView::login_loginSuccess()
     loadPage(LocalPage::sessionUrl);
     // The end of the last session has cleared the flag; every session that wants the lock has it.
     Data::blockStatus = Data::settings->value(QStringLiteral("admin/block_enable"), false).toBool();
-    if (Data::blockStatus) {
-        startBlockTimer();
-    }
+    lock.reset();
     sendBootstrap();
 }
 

@@ -1,15 +1,17 @@
 #pragma once
 
 #include <QObject>
-#include <QUdpSocket>
 #include <QVariantList>
-#include <QWebElement>
 
+#include <functional>
 #include <memory>
 
-class DeviceReplay;
-class QTimer;
+class Device;
+class Discovery;
+class IdleLock;
+class QWebFrame;
 class QWebView;
+class ScriptPipe;
 
 /// The window, and the single door between pages and native code: published to the pages as
 /// `wrapper`, it receives every action of the operator through its slots, which send a request or
@@ -18,26 +20,29 @@ class WebView : public QObject
 {
     Q_OBJECT
 public:
-    WebView();
+    /// Begins to load the login page; the parts have to outlive the window.
+    WebView(ScriptPipe& scriptPipe, Discovery& serverDiscovery, IdleLock& screenLock);
     ~WebView() override;
 
     /// The top-level window.
     QWebView* getView() const { return view.get(); }
+    /// The frame of the page on show, on which all scripts run.
+    QWebFrame* frame() const;
     /// Ends the program, as the operator's closing of the window does.
     void closeWindow();
-    /// Holds scripts back while `isCollecting`, and evaluates them in one go at the next picture of
-    /// the screen: a reply causes a dozen, and each turn of the event loop with a change is laid
-    /// out. Order is kept: whatever else goes to the page goes behind them. One that fails takes no
-    /// other along.
-    void collectScripts(bool isCollecting);
+    /// The login's last reply has come: what the engine has piled up over the login is given back
+    /// once the page has come, too.
+    void loginCompleted();
 
 public Q_SLOTS:
     // Frame: WebView.cpp
     /// After every page load: publishes `wrapper` again, shows the window after the first one.
     void loaded(bool succeeded);
-    /// Runs one script in the page on show; lost before the first page has arrived.
+    /// Runs one script in the page on show, behind the calls that wait.
     void runJavascript(const QString& text);
-    /// Ends what the session has under way in the view: the lock's timer, a list still filling.
+    /// The calls that wait for the page, as data; see calls.js.
+    QString frame_takeCalls();
+    /// Ends what the session has under way in the view: the lock's timer, lists still filling.
     void stopTimers();
     void global_about();
     /// Replays what the frame may have missed while it loaded: user, clock, administration entry,
@@ -169,22 +174,17 @@ protected:
 
 private:
     void publishWrapper();
-    void flushScripts();
     void loadPage(const QUrl& page);
-    void restoreWindow();
-    void saveWindow();
     void windowActivated();
     void windowClosed();
-    void startBlockTimer();
-    bool acceptsAddress(const QString& ip) const;
+    /// Replays the units of the mirror, a portion at a time; one that goes meanwhile is left out.
+    void replayDevices(const std::function<void(const Device&)>& show);
 
-    QTimer* blockTimer;
-    QTimer* scriptTimer;
-    DeviceReplay* deviceReplay;
-    QUdpSocket udpSocket;
-    QWebElement documentElement;
+    ScriptPipe& scripts;
+    Discovery& discovery;
+    IdleLock& lock;
     std::unique_ptr<QWebView> view;
-    QString collectedScripts;
-    bool collecting = false;
-    bool sessionPage = false; ///< index.html is on show or on its way
+    bool sessionPage = false;   ///< index.html is on show or on its way
+    bool frameLoaded = false;   ///< the session page on show has asked for what it missed
+    bool cachesCleared = false; ///< in this session
 };

@@ -31,8 +31,8 @@ const breaches = {
     "model/Zone.cpp": '#include "view/WebView.h"\n',
     "protocol/input/Zone.cpp": '#include "view/WebView.h"\n',
     "network/TcpClient.cpp": '\n#include "page/ScriptCall.h"\n',
+    "view/WebView.cpp": '#include "app/Program.h"\n',
     "network/NetworkParser.cpp": '#include "app/Data.h"\n',
-    "view/WebView.cpp": '#include "app/Wiring.h"\n',
     "media/Audio.cpp": "#include <QWebFrame>\n",
     "app/Data.h": '#include "model/Zone.h"\n',
 };

@@ -1,6 +1,7 @@
 #include "fleet/Fleet.h"
 
 #include "model/DeviceMemory.h"
+#include "model/MemoryEntries.h"
 
 #include <QTest>
 
@@ -50,10 +51,10 @@ void DeviceMemoryTest::listsReplaceThoseOfTheirUnit()
         wrapperInput_device_addMessage(5,1,"Fire",200,0);
         wrapperInput_device_deleteScenario(5,0);
         wrapperInput_device_addScenario(5,0,"Alarm",3,1,2,30,0);)"));
-    QCOMPARE(Data::getDeviceMessages(5).size(), 2);
-    QCOMPARE(Data::getDeviceScenarios(5).value(0).positionMessage, 1);
-    QCOMPARE(Data::getDeviceMessages(6).size(), 1);
-    QCOMPARE(Data::getDeviceScenarios(6).size(), 1);
+    QCOMPARE(MemoryEntries::getDeviceMessages(5).size(), 2);
+    QCOMPARE(MemoryEntries::getDeviceScenarios(5).value(0).positionMessage, 1);
+    QCOMPARE(MemoryEntries::getDeviceMessages(6).size(), 1);
+    QCOMPARE(MemoryEntries::getDeviceScenarios(6).size(), 1);
 }
 
 void DeviceMemoryTest::listOfAUnitThatHasGoneIsIgnored()

@@ -1,4 +1,4 @@
-#include "fleet/Fleet.h"
+#include "fleet/ViewSession.h"
 
 #include "model/DeviceMemory.h"
 #include "model/Playback.h"
@@ -9,8 +9,6 @@
 #include "view/WebView.h"
 
 #include <QTest>
-#include <QWebFrame>
-#include <QWebView>
 
 /// What the slots of the pages of units and zones replay, and what they send.
 class SlotsTest : public QObject
@@ -65,8 +63,7 @@ void makePlayback()
 
 void SlotsTest::homePageIsReplayed()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Fleet::beZoneManager();
     makePlayback();
     Device& device = Fleet::addDevice(5);
@@ -79,7 +76,7 @@ void SlotsTest::homePageIsReplayed()
     device.getZoneList() = {1, 9};
     Fleet::addDevice(6, DeviceOffline).setTaskId(3);
     session.page.take();
-    view.deviceList_listLoad();
+    session.view.deviceList_listLoad();
     QCOMPARE(session.page.calls(), Fleet::lines(R"(
         wrapperInput_device_add(5,"Hall",2,40,2,1);
         wrapperInput_device_setPlaybackCategory(5,2);
@@ -104,28 +101,26 @@ void SlotsTest::homePageIsReplayed()
 
 void SlotsTest::listToPickFromIsReplayed()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     makePlayback();
     Device& device = Fleet::addDevice(5);
     device.setPlayback(4);
     device.setTaskId(3);
     device.getZoneList() = {9};
     session.page.take();
-    view.deviceList_listSelectLoad();
+    session.view.deviceList_listSelectLoad();
     QCOMPARE(session.page.take(), Fleet::lines(R"(
         wrapperInput_device_add(5,"",2,0,0,0,"playback_4");
         wrapperInput_device_setPlaybackCategory(5,0);
         wrapperInput_device_setTask(5,3,"Bell");
         wrapperInput_zone_includeDevice(9,5);)"));
-    view.menu_loadDeviceInfoList();
+    session.view.menu_loadDeviceInfoList();
     QCOMPARE(session.page.calls(), Fleet::lines("wrapperInput_device_add(5,\"\",2,0,0,0);"));
 }
 
 void SlotsTest::unitIsReplayed()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Device& device = Fleet::addDevice(5);
     device.setName("Hall");
     device.getZoneList() = {9};
@@ -138,7 +133,7 @@ void SlotsTest::unitIsReplayed()
     Data::messageList = {{5, 0, "Gong", 100}};
     Data::scenarioList = {{5, 0, "Fire", 3, 0, 1, 30}};
     session.page.take();
-    view.menu_loadDeviceInfo(5);
+    session.view.menu_loadDeviceInfo(5);
     QCOMPARE(session.page.calls(), Fleet::lines(R"(
         wrapperInput_device_setId(5);
         wrapperInput_device_linkOn(5);
@@ -201,28 +196,26 @@ void SlotsTest::unitShowsWhatItPlays()
 {
     QFETCH(int, category);
     QFETCH(int, playback);
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     makePlayback();
     Device& device = Fleet::addDevice(5);
     device.setTaskId(3);
     device.setPlayback(playback);
     device.setPlaybackCategory(category);
     session.page.take();
-    view.menu_loadDeviceInfo(5);
+    session.view.menu_loadDeviceInfo(5);
     QTEST(session.page.calls().filter(QRegularExpression("Audio|Info\\(|setTask")), "calls");
 }
 
 void SlotsTest::connectingUnitTellsTheRights()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Fleet::beZoneManager();
     Fleet::addDevice(5, DeviceIncoming);
     Fleet::addDevice(6, DeviceOffline);
     session.page.take();
-    view.menu_loadDeviceInfo(5);
-    view.menu_loadDeviceInfo(6);
+    session.view.menu_loadDeviceInfo(5);
+    session.view.menu_loadDeviceInfo(6);
     QCOMPARE(session.page.calls().filter(QRegularExpression("role|link")), Fleet::lines(R"(
         wrapperInput_device_linkIncoming(5);
         wrapperInput_roleGlobal_editDeviceManagement(0,"keeper",1);
@@ -231,14 +224,13 @@ void SlotsTest::connectingUnitTellsTheRights()
 
 void SlotsTest::memoryShowsWhatPlays()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Device& device = Fleet::addDevice(5);
     device.setPlaybackGroupId(17);
     device.setMessagePlaying(1);
     Data::messageList = {{5, 0, "Gong", 100}, {5, 1, "Fire", 100}, {6, 1, "x", 1}};
     session.page.take();
-    view.menu_loadDeviceInfo(5);
+    session.view.menu_loadDeviceInfo(5);
     QCOMPARE(session.page.calls().filter("addMessage"),
              Fleet::lines("wrapperInput_device_addMessage(5,0,\"Gong\",100,0);\n"
                           "wrapperInput_device_addMessage(5,1,\"Fire\",100,17);"));
@@ -246,9 +238,8 @@ void SlotsTest::memoryShowsWhatPlays()
 
 void SlotsTest::unknownUnitShowsNothing()
 {
-    SessionFixture session;
-    WebView view;
-    view.menu_loadDeviceInfo(5);
+    ViewSession session;
+    session.view.menu_loadDeviceInfo(5);
     QCOMPARE(session.page.calls(), QStringList());
 }
 
@@ -281,24 +272,20 @@ void SlotsTest::requests_data()
 void SlotsTest::requests()
 {
     QFETCH(QString, script);
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Device& device = Fleet::addDevice(5);
     device.setVersionMain({}, "1.0");
     device.setPlaybackGroupId(17);
     Fleet::addDevice(6);
     session.page.take();
-    QWebFrame* const frame = view.getView()->page()->mainFrame();
-    frame->addToJavaScriptWindowObject(QStringLiteral("wrapper"), &view);
-    frame->evaluateJavaScript(QStringLiteral("wrapper.") + script);
+    session.runSlot(script);
     QTEST(Fleet::takeRequests(), "requests");
     QCOMPARE(session.page.calls(), QStringList()); // nothing is shown ahead of the answer
 }
 
 void SlotsTest::zonesAreReplayedParentsFirst()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Fleet::addEverything();
     Fleet::addZone(9, "hall", 3, 1);
     Fleet::addZone(3, "wing", 1);
@@ -306,7 +293,7 @@ void SlotsTest::zonesAreReplayedParentsFirst()
     Fleet::addZone(8, "orphan", 77);
     Fleet::addZone(10, "yard", 1);
     session.page.take();
-    view.menu_zoneLoadList();
+    session.view.menu_zoneLoadList();
     QCOMPARE(session.page.calls(), Fleet::lines(R"(
         wrapperInput_zone_add(1,0,"root","Все зоны",0);
         wrapperInput_zone_add(3,1,"wing","root",0);
@@ -318,28 +305,26 @@ void SlotsTest::zonesAreReplayedParentsFirst()
 
 void SlotsTest::zonesInACycleEnd()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Fleet::addEverything();
     Fleet::addZone(3, "a", 4);
     Fleet::addZone(4, "b", 3);
     session.page.take();
-    view.menu_zoneLoadList();
+    session.view.menu_zoneLoadList();
     QCOMPARE(session.page.take(), QStringList());
-    view.menu_subZoneLoad(3);
+    session.view.menu_subZoneLoad(3);
     QCOMPARE(session.page.calls().size(), 2);
 }
 
 void SlotsTest::zonesOfTheUnitPage()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Fleet::addEverything();
     Fleet::beZoneManager();
     Fleet::addZone(1, "root");
     Fleet::addZone(9, "hall", 1, 1);
     session.page.take();
-    view.deviceInfo_loadZoneList();
+    session.view.deviceInfo_loadZoneList();
     QCOMPARE(session.page.calls(), Fleet::lines(R"(
         wrapperInput_zone_add(9,1,"hall","root",1);
         wrapperInput_roleGlobal_editZoneManagement(0,"keeper",1);)"));
@@ -364,17 +349,16 @@ void SlotsTest::unitIsInTheRootOnlyWithoutAnotherZone_data()
 void SlotsTest::unitIsInTheRootOnlyWithoutAnotherZone()
 {
     QFETCH(QVector<int>, zones);
-    const SessionFixture session;
-    WebView view;
+    ViewSession session;
     for (const int id : {1, 4, 9}) {
         Zone& zone = Fleet::addZone(id, "z");
         if (zones.contains(id)) {
             zone.includeDevice(5);
         }
     }
-    view.deviceInfo_includeToZone(5, 9);
+    session.view.deviceInfo_includeToZone(5, 9);
     QTEST(Fleet::takeRequests(), "include");
-    view.deviceInfo_excludeFromZone(5, 9);
+    session.view.deviceInfo_excludeFromZone(5, 9);
     QTEST(Fleet::takeRequests(), "exclude");
     QVERIFY(session.log.contains(QStringLiteral("Device in zones %1").arg(zones.size())));
     QVERIFY(

@@ -1,28 +1,32 @@
 #pragma once
 
 #include "app/Data.h"
+#include "app/Program.h"
 #include "fleet/Fleet.h"
-#include "support/SessionFixture.h"
-#include "view/WebView.h"
+#include "support/DataFolder.h"
+#include "support/LogRecorder.h"
+#include "support/PageRecorder.h"
 
 #include <QSettings>
-#include <QTemporaryDir>
+#include <QWebFrame>
 
-/// A session with the slots of the pages and a configuration of its own; what the pages are told is
-/// recorded in place of being shown.
+/// The program with its slots; what the pages are told is recorded in place of being shown.
 struct ViewSession {
-    ViewSession()
-    {
-        Data::settings = &config;
-        session.page.take();
-        Fleet::takeRequests();
-    }
-    ~ViewSession() { Data::settings = nullptr; }
+    ViewSession() { Fleet::takeRequests(); }
     ViewSession(const ViewSession&) = delete;
     ViewSession& operator=(const ViewSession&) = delete;
 
-    SessionFixture session;
-    QTemporaryDir folder;
-    QSettings config{folder.filePath("config.ini"), QSettings::IniFormat};
-    WebView view;
+    /// Runs a slot, "name(1, 'text')", as a page does: the bridge converts the arguments.
+    void runSlot(const QString& call) const
+    {
+        view.frame()->addToJavaScriptWindowObject(QStringLiteral("wrapper"), &view);
+        view.frame()->evaluateJavaScript(QStringLiteral("wrapper.") + call);
+    }
+
+    DataFolder folder;
+    Program program{QStringList()};
+    PageRecorder page;
+    LogRecorder log;
+    WebView& view = program.view();
+    QSettings& config = *Data::settings;
 };

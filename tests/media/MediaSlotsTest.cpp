@@ -13,6 +13,7 @@ class MediaSlotsTest : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase();
     void init();
     void cleanup();
     void startIsAskedFor_data();
@@ -26,11 +27,18 @@ private Q_SLOTS:
     void inputsAreOfferedAndTested();
 
 private:
+    SoundServer sounds;
+    QString missingSound;
     std::unique_ptr<ViewSession> rig;
 };
 
 using Slot = std::function<void(WebView&)>;
 Q_DECLARE_METATYPE(Slot)
+
+void MediaSlotsTest::initTestCase()
+{
+    missingSound = sounds.start(); // a process looks for its sound server once
+}
 
 void MediaSlotsTest::init()
 {
@@ -69,7 +77,7 @@ void MediaSlotsTest::startIsAskedFor()
         QCOMPARE(Fleet::takeRequests().join(' '),
                  sent.isEmpty() ? sent : request.arg(sent.arg(middle)));
     }
-    QCOMPARE(rig->session.page.calls(), QStringList());
+    QCOMPARE(rig->page.calls(), QStringList());
 }
 
 void MediaSlotsTest::stopIsAskedFor()
@@ -96,8 +104,8 @@ void MediaSlotsTest::volumesAreShown()
         rig->config.setValue("volume/microphone", stored);
     }
     rig->view.settings_volume_init();
-    QCOMPARE(rig->session.page.calls(), (QStringList{"loadVolumeWarning(" + shown + ");",
-                                                     "loadVolumeMicrophone(" + shown + ");"}));
+    QCOMPARE(rig->page.calls(), (QStringList{"loadVolumeWarning(" + shown + ");",
+                                             "loadVolumeMicrophone(" + shown + ");"}));
 }
 
 void MediaSlotsTest::settingsAreStored()
@@ -162,16 +170,12 @@ void MediaSlotsTest::slotsLogBeginAndEnd()
 
 void MediaSlotsTest::inputsAreOfferedAndTested()
 {
-    SoundServer sounds;
-    const QString missing = sounds.start();
-    if (!missing.isEmpty()) {
-        QSKIP(qPrintable(missing));
+    if (!missingSound.isEmpty()) {
+        QSKIP(qPrintable(missingSound));
     }
-    AudioManager audio;
-    Data::audioManager = &audio;
     rig->config.setValue("audio/input", "gone");
     rig->view.settings_media_init();
-    const QStringList calls = rig->session.page.take();
+    const QStringList calls = rig->page.take();
     const int offered = calls.indexOf("wrapperInput_settings_addMediaInput(\"mic.monitor\");");
     const int selected = calls.indexOf("wrapperInput_settings_mediaInputSelect(\"gone\");");
     const int output = calls.indexOf("wrapperInput_settings_addMediaOutput(\"mic\");");

@@ -1,6 +1,5 @@
 #include "media/SoundServer.h"
 
-#include "app/Wiring.h"
 #include "fleet/Fleet.h"
 #include "media/AudioManager.h"
 #include "network/TcpClient.h"
@@ -112,7 +111,7 @@ void StreamTest::init()
     Data::ip = "127.0.0.1";
     audio = std::make_unique<AudioManager>();
     Data::audioManager = audio.get();
-    Wiring::joinAudio();
+    audio->join();
     server = std::make_unique<QUdpSocket>();
     QVERIFY2(server->bind(QHostAddress(QHostAddress::LocalHost), 0),
              qPrintable(server->errorString()));

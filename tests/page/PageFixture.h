@@ -5,8 +5,6 @@
 #include <QApplication>
 #include <QtTest>
 
-/// A text that would do harm as mark-up or as script.
-
 /// The session frame with one of its pages open, for tests of what the page shows and asks for.
 class PageFixture : public QObject
 {
@@ -15,9 +13,11 @@ class PageFixture : public QObject
 protected:
     enum class Slots { Recorded, Real };
 
-    /// Opens the frame, then the page by `open`; ready once `isThere` is true. The page's calls of
-    /// slots are noted in place of them, unless it's to have the real ones.
-    void openPage(const QString& open, const QString& isThere, Slots calls = Slots::Recorded);
+    /// Opens a session with what `fill` puts into the mirror, then the page by `open`; ready once
+    /// `isThere` is true. The page's calls of slots are noted in place of them, unless it's to have
+    /// the real ones.
+    void openPage(const QString& open, const QString& isThere, Slots calls = Slots::Recorded,
+                  const std::function<void()>& fill = {});
     /// The slots that the page has called since the last look, as "name(1,text)", joined by blanks.
     QString takeCalls();
     void pressEscape() const;
@@ -45,7 +45,6 @@ private:
 /// The `main` of a test of pages.
 template <class Test> int runPageTest(int argc, char* argv[])
 {
-    Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     Test test;

@@ -66,15 +66,16 @@ void AdministrationPageTest::initTestCase()
 
 void AdministrationPageTest::init()
 {
-    addRole(0, QStringLiteral("operators"));
-    addRole(1, QStringLiteral("guards"));
-    addUser(0, QStringLiteral("admin"), QStringLiteral("Администратор"),
-            QStringLiteral("operators"));
-    addUser(1, QStringLiteral("guard"), QStringLiteral("Охрана, пост 1"), QStringLiteral("guards"));
-    addUser(2, QStringLiteral("night"), QStringLiteral("Охрана, ночь"), QString());
-    Data::userList.at(0)->setCurrent(true);
-    QVERIFY(console->showSession());
-    console->value("modalLoadingHide()");
+    QVERIFY(console->showSession([this] {
+        addRole(0, QStringLiteral("operators"));
+        addRole(1, QStringLiteral("guards"));
+        addUser(0, QStringLiteral("admin"), QStringLiteral("Администратор"),
+                QStringLiteral("operators"));
+        addUser(1, QStringLiteral("guard"), QStringLiteral("Охрана, пост 1"),
+                QStringLiteral("guards"));
+        addUser(2, QStringLiteral("night"), QStringLiteral("Охрана, ночь"), QString());
+        Data::userList.at(0)->setCurrent(true);
+    }));
 }
 
 void AdministrationPageTest::cleanup()
@@ -258,12 +259,12 @@ void AdministrationPageTest::anyNumberOfUsersGoesAtOnce()
     QFETCH(QVector<int>, gone);
     QFETCH(QString, shown);
     openUsers();
-    console->view().collectScripts(true);
+    console->program().scripts().gather(true);
     for (const int id : gone) {
         Page::call("wrapperInput_user_delete", id);
         Data::userList.remove(Data::userList.find(id));
     }
-    console->view().collectScripts(false);
+    console->program().scripts().gather(false);
     const int left = 3 - gone.size();
     QVERIFY(console->waitFor(QStringLiteral("$('#userList tr').length === %1").arg(left)));
     QCOMPARE(console->value("$('.user_active').length").toInt(), qMin(left, 1));
@@ -598,7 +599,6 @@ void AdministrationPageTest::soundSettingsAreReadTestedAndStored()
 
 int main(int argc, char* argv[])
 {
-    Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     AdministrationPageTest test;

@@ -6,7 +6,7 @@
 #include "network/TcpClient.h"
 #include "page/Console.h"
 #include "page/ScriptCall.h"
-#include "view/LocalPage.h"
+#include "support/TestServer.h"
 #include "view/WebView.h"
 
 #include <QJsonDocument>
@@ -26,7 +26,6 @@ private Q_SLOTS:
     void hostileUserTitleIsText();
     void missingFragmentEmptiesItsRegion();
     void laterLoadOfARegionWins();
-    void failingScriptTakesNoOtherAlong();
     void f11TogglesFullScreen();
     void aboutShowsBothVersions();
     void clockRunsOnFromTheServersTime();
@@ -63,23 +62,29 @@ void FrameTest::answerLastRequest(const QString& response) const
 
 void FrameTest::frameAsksForWhatItMissed()
 {
-    // The login has ended before the page has arrived.
-    auto user = std::make_unique<User>();
-    user->setCurrent(true);
-    user->setTitle(QStringLiteral("Дежурный инженер"));
-    Data::userList.append(std::move(user));
-    QVERIFY(console->showSession());
-    QVERIFY(console->waitFor("$('#global_user_name').text().indexOf('Дежурный инженер') >= 0"));
+    // The login's last reply comes before the page, or keeps it waiting.
+    TestServer server;
+    server.answerAll();
+    server.onRequest("user/getInfo", {});
+    const QString name = QStringLiteral("$('#global_user_name').text()");
+    QVERIFY(console->showLogin());
+    console->value(
+        QStringLiteral("wrapper.login_tryLogin('admin', 'x', '127.0.0.1/%1')").arg(server.port()));
+    QVERIFY(console->waitForPage("index.html"));
+    QVERIFY(console->waitFor("$('#loadingModal').is(':visible') && $('.top_tab').length > 0"));
+    QTRY_VERIFY(server.receivedNames().contains("user/getInfo 19"));
+    console->picture("loading");
+    server.send({{"order", 19},
+                 {"response", "success"},
+                 {"name", "admin"},
+                 {"title", "Дежурный инженер"},
+                 {"role", ""}});
     QVERIFY(console->waitFor(
         "!$('#loadingModal').is(':visible') && $('.modal-backdrop').length === 0"));
-    console->picture("frame");
 
-    Data::userList.clear();
     QVERIFY(console->showSession());
-    QVERIFY(console->waitFor("$('#loadingModal').is(':visible')"));
-    console->picture("loading");
-    Page::call("modalLoadingHide");
-    QVERIFY(console->waitFor("!$('#loadingModal').is(':visible')"));
+    QCOMPARE(console->text(name), QStringLiteral(" A"));
+    console->picture("frame");
 }
 
 void FrameTest::hostileUserTitleIsText()
@@ -87,7 +92,7 @@ void FrameTest::hostileUserTitleIsText()
     QVERIFY(console->showSession());
     Page::call("wrapperInput_userGlobal_edit", hostileText);
     Data::serverSettings.setServerVersion(hostileText);
-    console->value("modalLoadingHide(); modalShowVersion()");
+    console->value("modalShowVersion()");
     QVERIFY(console->waitFor("$('#modalShowVersion').hasClass('in')"));
     QVERIFY(console->text("$('#global_user_name').text()").contains("<img"));
     QVERIFY(console->text("$('#info_server_version').text()").contains("<img"));
@@ -116,26 +121,6 @@ void FrameTest::laterLoadOfARegionWins()
         [&] { return console->value("$('#top_menu').children().length > 0").toBool(); }, 300));
 }
 
-void FrameTest::failingScriptTakesNoOtherAlong()
-{
-    QVERIFY(console->showSession());
-    console->value("window.worked = []; window.work = function (number) { worked.push(number); };"
-                   "window.fail = function () { throw new Error('on purpose'); };");
-    console->view().collectScripts(true);
-    Page::call("fail");
-    Page::call("nobodyHasThis");
-    Page::call("work", 7);
-    QCOMPARE(console->text("worked.join()"), QString());
-    console->view().collectScripts(false);
-    QVERIFY(console->waitFor("worked.join() === '7'"));
-    // What comes by another way comes behind, and nothing twice.
-    console->view().collectScripts(true);
-    Page::call("work", 8);
-    console->view().collectScripts(false);
-    Page::call("work", 9);
-    QCOMPARE(console->text("worked.join()"), QStringLiteral("7,8,9"));
-}
-
 void FrameTest::f11TogglesFullScreen()
 {
     QWebView* const view = console->view().getView();
@@ -150,7 +135,7 @@ void FrameTest::aboutShowsBothVersions()
 {
     QVERIFY(console->showSession());
     Data::serverSettings.setServerVersion(QStringLiteral("7.4.1"));
-    console->value("modalLoadingHide(); $('#menu_about').click()");
+    console->value("$('#menu_about').click()");
     QVERIFY(console->waitFor("$('#modalShowVersion').hasClass('in')"));
     QVERIFY(console->text("$('#info_server_version').text()").contains("7.4.1"));
     QVERIFY(console->text("$('#info_client_version').text()").contains(Data::clientVersion));
@@ -172,7 +157,6 @@ void FrameTest::clockRunsOnFromTheServersTime()
 void FrameTest::lockOpensWithThePasswordOnly()
 {
     QVERIFY(console->showSession());
-    console->value("modalLoadingHide()");
     console->view().modal_blockShow();
     console->view().modal_blockShow(); // comes again after each idle period
     QVERIFY(console->waitFor("$('#blockModal').hasClass('in') && "
@@ -223,7 +207,7 @@ void FrameTest::alarmDialogsOpenTheirPages()
     QFETCH(QString, ask);
     QVERIFY(console->showSession());
     const QString isOpen = QStringLiteral("$('%1').hasClass('in')").arg(dialog);
-    console->value("modalLoadingHide();" + open);
+    console->value(open);
     QVERIFY(console->waitFor(isOpen));
     console->value(QStringLiteral("$('%1').val('x');").arg(field) + ask);
     QCOMPARE(lastRequest().value("target").toString(), QStringLiteral("alarm"));
@@ -243,8 +227,7 @@ void FrameTest::alarmDialogsOpenTheirPages()
 void FrameTest::administrationShowsWhatTheRoleAllows()
 {
     QVERIFY(console->showSession());
-    console->value(
-        "modalLoadingHide(); wrapperInput_roleGlobal_enable(); $('#menu_admin').click()");
+    console->value("wrapperInput_roleGlobal_enable(); $('#menu_admin').click()");
     QVERIFY(console->waitFor("$('.admin_menu_active').attr('id') === 'admin_users' && "
                              "$('#back').length === 1"));
     console->picture("administration");
@@ -267,7 +250,7 @@ void FrameTest::administrationShowsWhatTheRoleAllows()
 void FrameTest::lostSectionFallsBackAndKeepsTheLock()
 {
     QVERIFY(console->showSession());
-    console->value("modalLoadingHide(); $('#menu_admin').click()");
+    console->value("$('#menu_admin').click()");
     QVERIFY(console->waitFor("$('.admin_menu_active').attr('id') === 'admin_users'"));
     console->value("block()");
     QVERIFY(console->waitFor("$('#blockModal').hasClass('in')"));
@@ -279,7 +262,6 @@ void FrameTest::lostSectionFallsBackAndKeepsTheLock()
 
 int main(int argc, char* argv[])
 {
-    Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     FrameTest test;

@@ -166,8 +166,7 @@ void HomePageTest::emptyZoneSaysSo()
 
 void HomePageTest::largeFleetFillsWithoutBlocking()
 {
-    makeFleet(300);
-    QVERIFY(console->showSession());
+    QVERIFY(console->showSession([this] { makeFleet(300); }));
     // A click comes through while units are still missing, and what changes meanwhile is right.
     const QString count = QStringLiteral("(cards && cards.list ? cards.list.counts.all : 0)");
     QVERIFY(console->waitFor(count + " >= 40"));
@@ -208,8 +207,7 @@ void HomePageTest::unitsGoWhileThePageOfOneIsOpen()
 {
     QFETCH(QVector<int>, gone);
     QFETCH(int, shown);
-    makeFleet(4);
-    QVERIFY(console->showSession());
+    QVERIFY(console->showSession([this] { makeFleet(4); }));
     console->value("wrapperLoadDeviceInfo(2)");
     QVERIFY(console->waitFor("$('#device_name').text() === 'Громкоговоритель 2'"));
     for (const int id : gone) {
@@ -229,8 +227,7 @@ void HomePageTest::unitsGoWhileThePageOfOneIsOpen()
 
 void HomePageTest::comingBackShowsTheSameAsStaying()
 {
-    makeFleet(30);
-    QVERIFY(console->showSession());
+    QVERIFY(console->showSession([this] { makeFleet(30); }));
     QVERIFY(console->waitFor("$('.tile').length === 30"));
     for (int order = 1; order <= 30; ++order) {
         receive(statePush(order, 1 + order % 30));
@@ -270,8 +267,7 @@ void HomePageTest::comingBackShowsTheSameAsStaying()
 
 void HomePageTest::stormOfPushesLeavesThePageAsTheMirror()
 {
-    makeFleet(24);
-    QVERIFY(console->showSession());
+    QVERIFY(console->showSession([this] { makeFleet(24); }));
     QVERIFY(console->waitFor("$('.tile').length === 24"));
     for (int order = 1; order <= 10000; ++order) {
         receive(statePush(order, 1 + order % 24));
@@ -289,7 +285,6 @@ void HomePageTest::stormOfPushesLeavesThePageAsTheMirror()
 
 int main(int argc, char* argv[])
 {
-    Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     HomePageTest test;

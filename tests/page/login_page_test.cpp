@@ -1,11 +1,13 @@
 #include "app/Data.h"
+#include "network/TcpClient.h"
 #include "page/Console.h"
 #include "page/ScriptCall.h"
-#include "view/LocalPage.h"
 #include "view/WebView.h"
 
+#include <QLoggingCategory>
 #include <QNetworkInterface>
 #include <QTcpServer>
+#include <QThread>
 #include <QUdpSocket>
 #include <QWebFrame>
 #include <QWebView>
@@ -17,7 +19,7 @@ class LoginPageTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void init();
 
     void reachesNothingOutside_data();
     void reachesNothingOutside();
@@ -32,24 +34,18 @@ private Q_SLOTS:
     void versionMismatchIsTold();
     void changedRoleIsToldAfterTheNextLoad();
     void windowGeometryIsSavedAtClose();
+    void storedWindowIsFittedIntoTheScreen();
+    void messagesOfQtAreLogged();
 
 private:
-    void showLogin();
-
     std::unique_ptr<Console> console;
 };
 
-void LoginPageTest::initTestCase()
+void LoginPageTest::init()
 {
+    console.reset();
     console = std::make_unique<Console>();
-    QVERIFY(console->waitForPage("login.html"));
-}
-
-void LoginPageTest::showLogin()
-{
-    console->load(LocalPage::loginUrl);
-    QVERIFY(console->waitForPage("login.html"));
-    QVERIFY(console->waitFor("$('#modalAddServer').length > 0"));
+    QVERIFY(console->showLogin());
 }
 
 void LoginPageTest::reachesNothingOutside_data()
@@ -66,6 +62,9 @@ void LoginPageTest::reachesNothingOutside_data()
     QTest::newRow("socket") << "new WebSocket('%1'.replace('http', 'ws'));";
     QTest::newRow("socket of a frame") << "var f = $('<iframe>').appendTo('body')[0]; new "
                                           "f.contentWindow.WebSocket('%1'.replace('http', 'ws'));";
+    QTest::newRow("socket of a worker")
+        << "new Worker(URL.createObjectURL(new Blob([\"new WebSocket('%1'.replace('http', "
+           "'ws'))\"])));";
     QTest::newRow("events") << "new EventSource('%1');";
     QTest::newRow("form") << "$('<form method=post>').attr('action', "
                              "'%1').appendTo('body')[0].submit();";
@@ -78,7 +77,6 @@ void LoginPageTest::reachesNothingOutside_data()
 void LoginPageTest::reachesNothingOutside()
 {
     QFETCH(QString, script);
-    showLogin();
     QTcpServer outside;
     QVERIFY(outside.listen(QHostAddress::LocalHost));
     const QString address = QStringLiteral("http://127.0.0.1:%1/x").arg(outside.serverPort());
@@ -100,7 +98,6 @@ void LoginPageTest::staysOnItsPages_data()
 void LoginPageTest::staysOnItsPages()
 {
     QFETCH(QString, address);
-    showLogin();
     console->value(QStringLiteral("location.href = '%1'").arg(address));
     QVERIFY(!QTest::qWaitFor([&] { return console->page() != "login.html"; }, 200));
     QVERIFY(console->value("$('#name').length === 1").toBool());
@@ -113,7 +110,6 @@ void LoginPageTest::staysOnItsPages()
 
 void LoginPageTest::addsAndDeletesServers()
 {
-    showLogin();
     console->value("$('#modalAddServer').modal('show'); $('#server').val('10.0.0.7'); "
                    "$('#port').val('2050'); modalAddServerHide();");
     QVERIFY(console->waitFor("$('#serverSelect').val() === '10.0.0.7/2050'"));
@@ -132,7 +128,6 @@ void LoginPageTest::addsAndDeletesServers()
     QTRY_COMPARE(console->servers().size(), 1);
     QCOMPARE(console->servers().at(0).port, 2051);
     QVERIFY(console->waitFor("$('#serverSelect option').length === 1"));
-    console->servers().deleteServer("10.0.0.7", 2051);
 }
 
 void LoginPageTest::refusesBadServerAddresses_data()
@@ -161,7 +156,6 @@ void LoginPageTest::refusesBadServerAddresses()
 {
     QFETCH(QString, ip);
     QFETCH(QString, port);
-    showLogin();
     const QString fill = QString(QStringLiteral("$('#server').val(%1); $('#port').val(%2);"))
                              .arg(Page::literal(ip), Page::literal(port));
     console->value(fill + "modalAddServerHide();");
@@ -174,7 +168,6 @@ void LoginPageTest::refusesBadServerAddresses()
 
 void LoginPageTest::findsAServerByItsAnnouncement()
 {
-    showLogin();
     console->value("$('#modalAddServer').modal('show'); checkServer(); checkServer();");
     QUdpSocket announcer;
     QVERIFY(announcer.bind(QHostAddress(QHostAddress::LocalHost), 0));
@@ -190,7 +183,6 @@ void LoginPageTest::findsAServerByItsAnnouncement()
 
 void LoginPageTest::hostileAddressIsText()
 {
-    showLogin();
     Page::call("addServerOption", hostileText, QStringLiteral("1"), true);
     Page::call("modalErrorShow", hostileText);
     QVERIFY(console->waitFor("$('#modalError').hasClass('in')"));
@@ -212,7 +204,6 @@ void LoginPageTest::versionMismatchIsTold()
 {
     QFETCH(int, serverVersion);
     QFETCH(QString, dialog);
-    showLogin();
     Page::call("modalLoginVersionError", Data::apiVersion, serverVersion);
     QVERIFY(console->waitFor(QStringLiteral("$('#%1').hasClass('in')").arg(dialog)));
     console->picture(dialog);
@@ -220,12 +211,15 @@ void LoginPageTest::versionMismatchIsTold()
 
 void LoginPageTest::changedRoleIsToldAfterTheNextLoad()
 {
-    Data::userRoleChanged = true;
-    showLogin();
-    QVERIFY(console->waitFor("$('#modalRoleChanged').hasClass('in')"));
-    QVERIFY(!Data::userRoleChanged);
-    showLogin();
-    QVERIFY(!console->value("$('#modalRoleChanged').hasClass('in')").toBool());
+    for (const bool isChanged : {true, false}) {
+        QVERIFY(console->showSession());
+        Data::userRoleChanged = isChanged;
+        Data::tcpClient.exit();
+        QVERIFY(console->showLogin());
+        QCOMPARE(console->waitFor("$('#modalRoleChanged').hasClass('in')", isChanged ? 10000 : 300),
+                 isChanged);
+        QVERIFY(!Data::userRoleChanged);
+    }
 }
 
 void LoginPageTest::windowGeometryIsSavedAtClose()
@@ -238,16 +232,43 @@ void LoginPageTest::windowGeometryIsSavedAtClose()
     QCOMPARE(Data::settings->value("screen/height").toInt(), 900);
     QCOMPARE(Data::settings->value("screen/x").toInt(), view->x());
     QCOMPARE(Data::settings->value("screen/isMaximized").toBool(), false);
-    // The window that a start restores is the one that was closed.
-    view->resize(1280, 800);
-    showLogin();
-    QVERIFY(view->isVisible());
-    QCOMPARE(view->size(), QSize(1400, 900));
+}
+
+void LoginPageTest::storedWindowIsFittedIntoTheScreen()
+{
+    Data::settings->setValue("screen/width", 5000);
+    Data::settings->setValue("screen/height", 4000);
+    Data::settings->setValue("screen/x", 300);
+    Data::settings->setValue("screen/y", 200);
+    console->restart();
+    QVERIFY(console->showLogin());
+    const QWebView* const view = console->view().getView();
+    QCOMPARE(view->size(), QSize(1280, 800)); // the screen here is smaller still
+    QCOMPARE(view->pos(), QPoint(0, 0));
+    QCOMPARE(view->windowTitle(), QStringLiteral("Пульт управления вещанием"));
+}
+
+void LoginPageTest::messagesOfQtAreLogged()
+{
+    const auto logged = [this](const QString& text) {
+        QFile log(console->folder() + "log/" + QDate::currentDate().toString("dd-MM-yyyy.'txt'"));
+        return log.open(QIODevice::ReadOnly) && QString::fromUtf8(log.readAll()).contains(text);
+    };
+    qWarning("a warning on purpose");
+    QVERIFY(logged("] Qt warning (default): a warning on purpose\n"));
+    std::unique_ptr<QThread> thread(QThread::create([] {
+        QLoggingCategory elsewhere("tls");
+        qCCritical(elsewhere, "afar");
+    }));
+    thread->start();
+    QTRY_VERIFY(logged("] Qt critical (tls): afar\n"));
+    thread->wait();
+    console->value("setTimeout(function () { nobodyHasThis(); }, 0)");
+    QTRY_VERIFY(logged("Page message: ReferenceError: Can't find variable: nobodyHasThis"));
 }
 
 int main(int argc, char* argv[])
 {
-    Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     LoginPageTest test;

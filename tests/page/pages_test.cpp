@@ -87,8 +87,8 @@ private:
 
 void PagesTest::initTestCase()
 {
-    openPage("loadHomePage()", "$('#selected_devices').length > 0", Slots::Real);
-    fillMirror();
+    openPage("loadHomePage()", "$('#selected_devices').length > 0", Slots::Real,
+             [this] { fillMirror(); });
 }
 
 void PagesTest::fillMirror()
@@ -170,8 +170,7 @@ void PagesTest::pageIsTheSameAfterAnyOther()
     static QMap<int, QStringList> fresh;
     const PageRow& page = pageRows[second];
     if (!fresh.contains(second)) {
-        QVERIFY(console().showSession());
-        run("modalLoadingHide()");
+        QVERIFY(console().showSession([this] { fillMirror(); }));
         open(page);
         QVERIFY(hasSettled());
         fresh[second] = looks(page);

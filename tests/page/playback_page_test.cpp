@@ -295,9 +295,8 @@ void PlaybackPageTest::hostileTitlesAreText()
 /// The page with the real slots on a filled mirror, up to the requests.
 void PlaybackPageTest::operatorsRoadToTheServer()
 {
-    fillMirror();
     openPage("$('#playlist').click()", "$('#track_12').length && $('#transport').length",
-             Slots::Real);
+             Slots::Real, [this] { fillMirror(); });
     QCOMPARE(shownUnits(), QStringLiteral("device_1"));
     QVERIFY(is("$('#track_11').hasClass('record_current') && "
                "$('#playback_title_3').text() === 'Утро' && $('#volume_value').val() === '40'"));

@@ -1,5 +1,6 @@
 #include "playback/Sound.h"
 
+#include "model/Library.h"
 #include <QTest>
 
 /// The library as the server lists it, and what is taken out of it.
@@ -49,7 +50,7 @@ void LibraryTest::newLibraryIsTakenIn()
     QCOMPARE(folder.getVolume(), 50);
     QCOMPARE(folder.getGroup(), 2);
     QCOMPARE(Data::getTrackById(30)->position, 4);
-    QCOMPARE(Data::getPlaybackType(20), 2);
+    QCOMPARE(Library::getPlaybackType(20), 2);
 }
 
 void LibraryTest::folderBehindItsChildIsItsParent()

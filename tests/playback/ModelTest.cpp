@@ -1,6 +1,7 @@
 #include "playback/Sound.h"
 
 #include "media/PlaybackUpdater.h"
+#include "model/Library.h"
 
 #include <QTest>
 
@@ -71,7 +72,7 @@ void PlaybackModelTest::categoryOfAFolder()
     const SessionFixture session;
     addTree();
     Sound::addPlaylist(0, "zero", 2);
-    QTEST(Data::getPlaybackType(playlist), "category");
+    QTEST(Library::getPlaybackType(playlist), "category");
 }
 
 void PlaybackModelTest::pathOfAFolder_data()
@@ -92,9 +93,9 @@ void PlaybackModelTest::pathOfAFolder()
     QFETCH(int, playlist);
     const SessionFixture session;
     addTree();
-    QTEST(Data::getPlaylistName(Sound::playlists().indexOf(playlist)), "path");
-    QCOMPARE(Data::getPlaylistName(-1), QString());
-    QCOMPARE(Data::getPlaylistName(Data::playlistList.size()), QString());
+    QTEST(Library::getPlaylistName(Sound::playlists().indexOf(playlist)), "path");
+    QCOMPARE(Library::getPlaylistName(-1), QString());
+    QCOMPARE(Library::getPlaylistName(Data::playlistList.size()), QString());
 }
 
 void PlaybackModelTest::folderHangsUnderWhatTheOperatorSees()

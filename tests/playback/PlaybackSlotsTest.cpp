@@ -1,12 +1,11 @@
 #include "playback/Sound.h"
 
+#include "fleet/ViewSession.h"
 #include "view/WebView.h"
 
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QWebFrame>
-#include <QWebView>
 
 /// What the slots of the playback pages replay, and what they send.
 class PlaybackSlotsTest : public QObject
@@ -44,25 +43,16 @@ Playback& addScene()
     return playback;
 }
 
-/// Runs a slot as a page does: the bridge converts the arguments.
-void runSlot(WebView& view, const QString& script)
-{
-    QWebFrame* const frame = view.getView()->page()->mainFrame();
-    frame->addToJavaScriptWindowObject(QStringLiteral("wrapper"), &view);
-    frame->evaluateJavaScript(QStringLiteral("wrapper.") + script);
-}
-
 } // namespace
 
 void PlaybackSlotsTest::listIsReplayed()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     addScene();
     Playback& paused = Sound::addPlayback(3, 99, 98);
     paused.setPlaying(false);
     session.page.take();
-    view.playback_loadList();
+    session.view.playback_loadList();
     QCOMPARE(session.page.calls(), Fleet::lines(R"(
         wrapperInput_playback_add(4,2,"Morning","Rain",0,2.5,100);
         wrapperInput_playback_setTimeshift(4,2.5,100);
@@ -76,29 +66,27 @@ void PlaybackSlotsTest::listIsReplayed()
 
 void PlaybackSlotsTest::emptyListIsReplayed()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Sound::addLibrary();
     session.page.take();
-    view.playback_loadList();
-    view.playback_loadPlayback(4);
+    session.view.playback_loadList();
+    session.view.playback_loadPlayback(4);
     QCOMPARE(session.page.calls(), QStringList());
     QVERIFY(session.log.contains(QStringLiteral("playback_loadPlayback: 4")));
 }
 
 void PlaybackSlotsTest::volumeIsTheMeanOfTheKnownUnits()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Playback& playback = addScene();
     playback.getDeviceList() = {98, 99};
-    view.playback_loadPlayback(4);
+    session.view.playback_loadPlayback(4);
     QCOMPARE(session.page.take().filter("setVolume"), QStringList());
     Fleet::addDevice(5).setVolume(41);
     Fleet::addDevice(6).setVolume(20);
     playback.getDeviceList() = {5, 99, 6};
     session.page.take();
-    view.playback_loadPlayback(4);
+    session.view.playback_loadPlayback(4);
     QCOMPARE(session.page.calls().last(), "playback_setVolume(30);");
 }
 
@@ -123,26 +111,24 @@ void PlaybackSlotsTest::folderIsReplayed_data()
 void PlaybackSlotsTest::folderIsReplayed()
 {
     QFETCH(int, folder);
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     addScene();
     Sound::addPlaylist(22, "Lost", 77, 2);
     Sound::addPlaylist(23, "Ad", 3, 3);
     session.page.take();
-    view.playback_loadPlaybackWithPlaylist(folder);
+    session.view.playback_loadPlaybackWithPlaylist(folder);
     QTEST(session.page.calls(), "calls");
 }
 
 void PlaybackSlotsTest::gongsAreReplayed()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     addScene();
     Sound::addPlaylist(70, "Deep", 7, 7);
     Sound::addTrack(41, 70, "Chime");
     Sound::addTrack(42, 99, "Stray");
     session.page.take();
-    view.playback_loadPlaybackType(7);
+    session.view.playback_loadPlaybackType(7);
     QCOMPARE(session.page.calls(), Fleet::lines(R"(
         wrapperInput_playback_addItem(40,7,"Bell",0,100);
         wrapperInput_playback_addItem(41,70,"Chime",0,100);)"));
@@ -150,13 +136,12 @@ void PlaybackSlotsTest::gongsAreReplayed()
 
 void PlaybackSlotsTest::zonesAreReplayed()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Fleet::addEverything();
     Fleet::addZone(1, "root");
     Fleet::addZone(9, "hall", 1, 1);
     session.page.take();
-    view.playback_loadZoneList();
+    session.view.playback_loadZoneList();
     QCOMPARE(session.page.calls(), Fleet::lines(R"(
         wrapperInput_zone_add(1,0,"root","Все зоны",0);
         wrapperInput_zone_add(9,1,"hall","root",1);)"));
@@ -208,17 +193,12 @@ void PlaybackSlotsTest::requests_data()
 
 void PlaybackSlotsTest::requests()
 {
-    SessionFixture session;
-    const QTemporaryDir folder;
-    QSettings settings(folder.filePath("config.ini"), QSettings::IniFormat);
-    Data::settings = &settings;
-    WebView view;
+    ViewSession session;
     addScene();
     Sound::addPlaylist(70, "Deep", 7, 7);
     Sound::addTrack(41, 70, "Chime");
     session.page.take();
-    runSlot(view, QString::fromLatin1(QTest::currentDataTag()));
-    Data::settings = nullptr;
+    session.runSlot(QString::fromLatin1(QTest::currentDataTag()));
     QTEST(Fleet::takeRequests(), "requests");
     QCOMPARE(session.page.calls(), QStringList()); // nothing is shown ahead of the answer
 }
@@ -237,8 +217,7 @@ void PlaybackSlotsTest::neighbours_data()
 void PlaybackSlotsTest::neighbours()
 {
     QFETCH(int, track);
-    const SessionFixture session;
-    WebView view;
+    ViewSession session;
     addScene().setTrackId(track);
     Sound::addTrack(41, 7, "Chime");
     Sound::addTrack(32, 20, "Hail");
@@ -246,9 +225,9 @@ void PlaybackSlotsTest::neighbours()
         const QString request = Fleet::takeRequests().value(0);
         return request.section("\"trackId\":", 1).section('}', 0, 0).toInt();
     };
-    view.playback_next(4);
+    session.view.playback_next(4);
     QTEST(sent(), "next");
-    view.playback_prev(4);
+    session.view.playback_prev(4);
     QTEST(sent(), "previous");
 }
 
@@ -266,13 +245,12 @@ void PlaybackSlotsTest::microphoneVolumeIsRemembered()
 {
     QFETCH(int, id);
     QFETCH(QString, target);
-    const SessionFixture session;
+    ViewSession session;
     const QTemporaryDir folder;
     QSettings settings(folder.filePath("config.ini"), QSettings::IniFormat);
     settings.setValue("volume/microphone", 50);
     Data::settings = &settings;
-    WebView view;
-    view.playback_setVolume(id, 40, target);
+    session.view.playback_setVolume(id, 40, target);
     Data::settings = nullptr;
     QTEST(settings.value("volume/microphone").toInt(), "stored");
 }
@@ -280,8 +258,7 @@ void PlaybackSlotsTest::microphoneVolumeIsRemembered()
 /// From the server's lists to the labels of a unit's page.
 void PlaybackSlotsTest::unitShowsWhatTheServerTold()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Fleet::addDevice(5);
     Fleet::answer(PlaybackCommand::List, "{}", R"({"playlists": [{"id": 20, "title": "Morning",
         "parentId": 2, "groupId": 2}], "tracks": [{"id": 30, "parentId": 20, "title": "Birds"},
@@ -291,7 +268,7 @@ void PlaybackSlotsTest::unitShowsWhatTheServerTold()
     Fleet::push(R"({"request": "playback", "action": "playNext", "order": 1, "playbackId": 4,
         "trackId": 31, "playlistId": 20, "timeshift": 0, "playing": true})");
     session.page.take();
-    view.menu_loadDeviceInfo(5);
+    session.view.menu_loadDeviceInfo(5);
     QCOMPARE(session.page.calls().filter("Audio"), Fleet::lines(R"(
         deviceInfo_setAudioPlaylist("Morning");
         deviceInfo_setAudioTrack("Rain");)"));

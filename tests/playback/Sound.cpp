@@ -1,5 +1,6 @@
 #include "playback/Sound.h"
 
+#include "model/Library.h"
 #include <memory>
 
 namespace Sound
@@ -36,7 +37,7 @@ Playback& addPlayback(int id, int playlistId, int trackId)
     playback->setId(id);
     playback->setPlaylistId(playlistId);
     playback->setTrackId(trackId);
-    playback->setPlaybackType(Data::getPlaybackType(playlistId));
+    playback->setPlaybackType(Library::getPlaybackType(playlistId));
     playback->setPlaying(true);
     return *Data::playbackList.append(std::move(playback));
 }

@@ -1,5 +1,6 @@
 #include "rights/Rights.h"
 
+#include "fleet/ViewSession.h"
 #include "log/Log.h"
 #include "log/LogSettings.h"
 #include "model/Playlist.h"
@@ -46,12 +47,11 @@ template <class Item> void add(ModelList<Item>& list, int id)
 
 void AdministrationSlotsTest::permissionsAreReplayed()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Role& own = Rights::addOwnRole();
     own.setBroadcastAlarmAccess(true);
     session.page.take();
-    view.load_permissions();
+    session.view.load_permissions();
     QCOMPARE(session.page.take(), Fleet::lines(R"(
         wrapperInput_roleGlobal_editDeviceManagement(0,"guard",1);
         wrapperInput_roleGlobal_editZoneManagement(0,"guard",0);
@@ -59,42 +59,39 @@ void AdministrationSlotsTest::permissionsAreReplayed()
         wrapperInput_roleGlobal_editMicrophoneAlarm(0,"guard",1);
         wrapperInput_playbackGlobal_editAlarm(0);)"));
     add(Data::playlistList, 6);
-    view.load_permissions();
+    session.view.load_permissions();
     QCOMPARE(session.page.calls().last(), QString("wrapperInput_playbackGlobal_editAlarm(1);"));
 }
 
 void AdministrationSlotsTest::permissionsWithoutARole()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Rights::addRole(1, "night");
-    view.load_permissions();
-    view.admin_loadPermissions();
+    session.view.load_permissions();
+    session.view.admin_loadPermissions();
     QCOMPARE(session.page.calls(), QStringList{"wrapperInput_playbackGlobal_editAlarm(0);"});
 }
 
 void AdministrationSlotsTest::frameGetsTheAdministrationEntry()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Role& own = Rights::addOwnRole();
-    view.global_loadFrame();
+    session.view.global_loadFrame();
     QVERIFY(session.page.take().contains("wrapperInput_roleGlobal_enable();"));
     own.setDeviceManagement("control");
     session.page.take();
-    view.global_loadFrame();
+    session.view.global_loadFrame();
     QVERIFY(session.page.take().contains("wrapperInput_roleGlobal_disable();"));
 }
 
 void AdministrationSlotsTest::sideMenuIsReplayed()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Role& own = Rights::addOwnRole();
     own.setServerManagement(true);
     own.setPresetManagement("administration");
     session.page.take();
-    view.admin_loadPermissions();
+    session.view.admin_loadPermissions();
     QCOMPARE(session.page.calls(), Fleet::lines(R"(
         wrapperInput_roleGlobal_editServerManagement(0,"guard","1");
         wrapperInput_roleGlobal_editDeviceManagement(0,"guard",1);
@@ -111,9 +108,8 @@ void AdministrationSlotsTest::sideMenuIsReplayed()
 /// The operator's own role comes up, with the entries that are still there.
 void AdministrationSlotsTest::rolesAreReplayed()
 {
-    SessionFixture session;
-    WebView view;
-    view.admin_loadRoleList();
+    ViewSession session;
+    session.view.admin_loadRoleList();
     QCOMPARE(session.page.take(), QStringList());
     Rights::addRole(1, "night").setTitle("Night");
     Rights::addRole(2, "admin");
@@ -126,7 +122,7 @@ void AdministrationSlotsTest::rolesAreReplayed()
     add(Data::presetList, 31);
     add(Data::tasks, 40);
     session.page.take();
-    view.admin_loadRoleList();
+    session.view.admin_loadRoleList();
     QCOMPARE(session.page.calls(), Fleet::lines(R"(
         wrapperInput_role_add(1,"night","Night",0);
         wrapperInput_role_add(2,"admin","",1);
@@ -157,26 +153,24 @@ void AdministrationSlotsTest::rolesAreReplayed()
 
 void AdministrationSlotsTest::unknownRoleAndUserShowNothing()
 {
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Rights::addRole(1, "night");
     Rights::addUser(1, "boris");
     session.page.take();
-    view.admin_selectRole(7);
-    view.admin_selectUser(7);
+    session.view.admin_selectRole(7);
+    session.view.admin_selectUser(7);
     QCOMPARE(session.page.calls(), QStringList());
 }
 
 void AdministrationSlotsTest::usersAreReplayed()
 {
-    SessionFixture session;
-    WebView view;
-    view.admin_loadUserList();
+    ViewSession session;
+    session.view.admin_loadUserList();
     QCOMPARE(session.page.take(), QStringList());
     Rights::addUser(3, "boris", "night").setStatus(true);
     Rights::addOwnUser();
     session.page.take();
-    view.admin_loadUserList();
+    session.view.admin_loadUserList();
     QCOMPARE(session.page.calls(), Fleet::lines(R"(
         wrapperInput_user_add(3,"boris","",1,0);
         wrapperInput_user_add(0,"anna","Anna",0,1);
@@ -187,10 +181,9 @@ void AdministrationSlotsTest::usersAreReplayed()
 
 void AdministrationSlotsTest::newUserIsSentWithItsRole()
 {
-    const SessionFixture session;
-    WebView view;
+    ViewSession session;
     Fleet::takeRequests();
-    view.admin_addUser("boris", "Boris", "abc", "", "night");
+    session.view.admin_addUser("boris", "Boris", "abc", "", "night");
     const QStringList added{QString(R"(user/add {"name":"boris","password":"%1",)"
                                     R"("passwordForAlarm":"%2","title":"Boris"})")
                                 .arg(digestOfAbc, digestOfNothing)};
@@ -199,7 +192,7 @@ void AdministrationSlotsTest::newUserIsSentWithItsRole()
     Fleet::answer(UserCommand::Add, R"({"name": "boris", "title": "Boris"})",
                   R"({"response": "error"})");
     QCOMPARE(Fleet::takeRequests(), QStringList());
-    view.admin_addUser("boris", "Boris", "abc", "", "night");
+    session.view.admin_addUser("boris", "Boris", "abc", "", "night");
     QCOMPARE(Fleet::takeRequests(), added);
     Fleet::answer(UserCommand::Add, R"({"name": "boris", "title": "Boris"})", "{}");
     QCOMPARE(Fleet::takeRequests(), QStringList{R"(role/include {"role":"night","user":"boris"})"});
@@ -232,14 +225,13 @@ void AdministrationSlotsTest::editedUserSendsWhatChanged()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QStringList, requests);
-    SessionFixture session;
-    WebView view;
+    ViewSession session;
     Rights::addUser(1, "boris", "night").setTitle("Boris");
     Rights::addUser(2, "admin", "admin");
     session.page.take();
     Fleet::takeRequests();
-    view.admin_editUser(arguments.at(0), arguments.at(1), arguments.at(2), arguments.at(3),
-                        arguments.at(4));
+    session.view.admin_editUser(arguments.at(0), arguments.at(1), arguments.at(2), arguments.at(3),
+                                arguments.at(4));
     QCOMPARE(Fleet::takeRequests(), requests);
     QCOMPARE(session.page.calls(), QStringList()); // the reply changes the page, not the click
     QCOMPARE(Data::getUserByName("boris")->getTitle(), QString("Boris"));
@@ -247,13 +239,12 @@ void AdministrationSlotsTest::editedUserSendsWhatChanged()
 
 void AdministrationSlotsTest::passwordsStayOutOfTheLog()
 {
-    const SessionFixture session;
+    ViewSession session;
     LogSettings switches;
     switches.setUserSettings(true);
     Log::logger().setSettings(&switches);
-    WebView view;
-    view.admin_addUser("boris", "Boris", "secret", "secret", "night");
-    view.admin_editUser("boris", "Boris", "secret", "secret", "night");
+    session.view.admin_addUser("boris", "Boris", "secret", "secret", "night");
+    session.view.admin_editUser("boris", "Boris", "secret", "secret", "night");
     Log::logger().setSettings(nullptr);
     QVERIFY(session.log.contains("admin_addUser: boris, Boris, night"));
     QVERIFY(session.log.contains("admin_editUser: boris, Boris, night"));
@@ -263,11 +254,10 @@ void AdministrationSlotsTest::passwordsStayOutOfTheLog()
 
 void AdministrationSlotsTest::deletedUserIsSent()
 {
-    const SessionFixture session;
-    WebView view;
+    ViewSession session;
     Rights::addUser(1, "boris");
     Fleet::takeRequests();
-    view.admin_deleteUser("boris");
+    session.view.admin_deleteUser("boris");
     QCOMPARE(Fleet::takeRequests(), QStringList{R"(user/delete {"name":"boris"})"});
     QCOMPARE(Rights::users(), QStringList{"1 boris"});
 }

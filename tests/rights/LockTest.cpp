@@ -1,5 +1,6 @@
 #include "fleet/ViewSession.h"
 #include "rights/Rights.h"
+#include "view/PasswordDigest.h"
 
 #include <QTest>
 #include <QTimer>
@@ -14,6 +15,7 @@ private Q_SLOTS:
     void cleanup();
     void passwordIsSentAsADigest_data();
     void passwordIsSentAsADigest();
+    void passwordIsOverwritten();
     void settingsAreShown_data();
     void settingsAreShown();
     void settingsAreStored_data();
@@ -24,7 +26,7 @@ private Q_SLOTS:
     void lockComesAgain();
 
 private:
-    QTimer& timer() { return *rig->view.findChild<QTimer*>(); }
+    QTimer& timer() { return *rig->program.lock().findChild<QTimer*>(); }
     void setTime(int milliseconds) { rig->config.setValue("admin/block_time", milliseconds); }
 
     std::unique_ptr<ViewSession> rig;
@@ -61,8 +63,19 @@ void LockTest::passwordIsSentAsADigest()
              QStringList{QString(R"(user/checkAccess {"password":"%1","target":"%2"})")
                              .arg("e242f36f4f95f12966da8fa2efd59992", target)});
     QCOMPARE(Data::waitForAlarm, waiting);
-    QVERIFY(rig->session.log.contains(name));
-    QCOMPARE(rig->session.page.calls(), QStringList());
+    QVERIFY(rig->log.contains(name));
+    QCOMPARE(rig->page.calls(), QStringList());
+}
+
+void LockTest::passwordIsOverwritten()
+{
+    QString typed = QStringLiteral("пароль") + QString();
+    typed.detach();
+    QCOMPARE(passwordDigest(typed), QString("e242f36f4f95f12966da8fa2efd59992"));
+    QCOMPARE(typed, QString(6, QChar()));
+    const QString constant = QStringLiteral("пароль");
+    QCOMPARE(passwordDigest(constant), QString("e242f36f4f95f12966da8fa2efd59992"));
+    QCOMPARE(passwordDigest(constant), QString("e242f36f4f95f12966da8fa2efd59992"));
 }
 
 void LockTest::settingsAreShown_data()
@@ -86,9 +99,8 @@ void LockTest::settingsAreShown()
     for (const bool status : {true, false}) {
         Data::blockStatus = status;
         rig->view.settings_block_init();
-        QCOMPARE(rig->session.page.take(),
-                 (QStringList{QString("loadBlockTime(%1);").arg(minutes),
-                              QString("loadBlockStatus(%1);").arg(status)}));
+        QCOMPARE(rig->page.take(), (QStringList{QString("loadBlockTime(%1);").arg(minutes),
+                                                QString("loadBlockStatus(%1);").arg(status)}));
     }
 }
 
@@ -115,7 +127,7 @@ void LockTest::settingsAreStored()
     QVERIFY(Data::blockStatus);
     QVERIFY(timer().isActive());
     QCOMPARE(timer().interval(), milliseconds);
-    QCOMPARE(rig->session.page.calls(), calls);
+    QCOMPARE(rig->page.calls(), calls);
     rig->view.settings_block_save(false, 5);
     QVERIFY(!rig->config.value("admin/block_enable", true).toBool());
     QVERIFY(!Data::blockStatus);
@@ -170,7 +182,7 @@ void LockTest::lockComesAgain()
     Data::blockStatus = true;
     setTime(5);
     rig->view.resetBlockTimer();
-    QTRY_VERIFY(rig->session.page.calls().count("block();") >= 2);
+    QTRY_VERIFY(rig->page.calls().count("block();") >= 2);
 }
 
 QTEST_MAIN(LockTest)

@@ -5,7 +5,6 @@
 #include "network/TcpClient.h"
 #include "page/Console.h"
 #include "support/TestServer.h"
-#include "view/LocalPage.h"
 
 #include <QApplication>
 #include <QtTest>
@@ -17,7 +16,6 @@ class LoginStepsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init();
 
     void asksForEverythingInOrder();
@@ -64,19 +62,11 @@ const QJsonObject userInformation{
 
 } // namespace
 
-void LoginStepsTest::initTestCase()
-{
-    console = std::make_unique<Console>();
-    QVERIFY(console->waitForPage("login.html"));
-}
-
 void LoginStepsTest::init()
 {
-    Data::tcpClient.close();
-    Data::clearSession();
-    console->load(LocalPage::loginUrl);
-    QVERIFY(console->waitForPage("login.html"));
-    QVERIFY(console->waitFor("$('#modalError').length > 0"));
+    console.reset();
+    console = std::make_unique<Console>();
+    QVERIFY(console->showLogin());
 }
 
 std::unique_ptr<TestServer> LoginStepsTest::startServer()
@@ -166,7 +156,6 @@ void LoginStepsTest::refusedUserInformationEndsTheSession()
 
 int main(int argc, char* argv[])
 {
-    Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     LoginStepsTest test;

@@ -1,7 +1,5 @@
 #include "app/Data.h"
-#include "app/Wiring.h"
 #include "media/AudioManager.h"
-#include "media/PlaybackUpdater.h"
 #include "media/SoundServer.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
@@ -10,7 +8,6 @@
 #include "network/TcpClient.h"
 #include "page/Console.h"
 #include "session/DemoServer.h"
-#include "view/LocalPage.h"
 #include "view/WebView.h"
 
 #include <QtTest>
@@ -47,28 +44,23 @@ private:
 
     SoundServer sounds;
     QString missingSound;
-    AudioManager audio;
+    QTemporaryDir files;
     DemoServer server;
-    PlaybackUpdater positionClock;
     std::unique_ptr<Console> console;
 };
 
 void OperationTest::initTestCase()
 {
     missingSound = sounds.start();
-    console = std::make_unique<Console>();
-    Data::audioManager = &audio;
-    Wiring::joinAudio();
+    QVERIFY(server.start(files.path()));
+    console = std::make_unique<Console>(std::vector<Server>{{"127.0.0.1", server.port(), true}});
     Data::settings->setValue("audio/input", "mic.monitor");
-    QVERIFY(server.start(console->folder()));
-    console->servers().addServer({"127.0.0.1", server.port(), true});
 }
 
 void OperationTest::init()
 {
-    QVERIFY(console->waitForPage("login.html"));
-    console->load(LocalPage::loginUrl);
-    QVERIFY(console->waitFor("$('#serverSelect option').length > 0 && $('#modalError').length"));
+    QVERIFY(console->showLogin());
+    QVERIFY(console->waitFor("$('#serverSelect option').length > 0"));
 }
 
 void OperationTest::cleanup()
@@ -339,7 +331,7 @@ void OperationTest::voiceReachesTheServer()
     click("#translation_button_start");
     QVERIFY(console->waitFor("$('#modalAudioTranslationError').hasClass('in')", 20000));
     QTRY_COMPARE(Data::getDeviceById(1)->getPlaybackCategory(), 0);
-    QVERIFY(!audio.isPlayed());
+    QVERIFY(!console->program().audio().isPlayed());
     console->picture("operation-no-input");
 
     // A connection that is lost while speaking closes the microphone.
@@ -348,16 +340,15 @@ void OperationTest::voiceReachesTheServer()
     click("#translation_start");
     QVERIFY(console->waitFor("$('#modalAudioTranslation').hasClass('in')"));
     click("#translation_button_start");
-    QTRY_VERIFY(audio.isPlayed() && sounds.captureCount() == 1);
+    QTRY_VERIFY(console->program().audio().isPlayed() && sounds.captureCount() == 1);
     server.tell("drop");
     QVERIFY(console->waitForPage("login.html"));
-    QVERIFY(!audio.isPlayed());
+    QVERIFY(!console->program().audio().isPlayed());
     QTRY_COMPARE(sounds.captureCount(), 0);
 }
 
 int main(int argc, char* argv[])
 {
-    Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     OperationTest test;

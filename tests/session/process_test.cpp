@@ -1,11 +1,10 @@
+#include "session/ConsoleProcess.h"
+
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QtTest>
-
-#include <csignal>
 
 /// The program as a process: what it makes at its first start, what it logs, what it survives.
 class ProcessTest : public QObject
@@ -23,7 +22,6 @@ private Q_SLOTS:
 
 private:
     void start(const QStringList& arguments = {});
-    bool waitForLine(const QString& line);
     QString path(const QString& name) const
     {
         return files->filePath("Quorlex/Vantordesk/" + name);
@@ -32,8 +30,7 @@ private:
     QByteArray read(const QString& name) const;
 
     std::unique_ptr<QTemporaryDir> files;
-    std::unique_ptr<QProcess> program;
-    QString output;
+    std::unique_ptr<ConsoleProcess> program;
 };
 
 void ProcessTest::init()
@@ -43,29 +40,14 @@ void ProcessTest::init()
 
 void ProcessTest::cleanup()
 {
-    program->kill();
-    program->waitForFinished();
+    program.reset();
 }
 
 void ProcessTest::start(const QStringList& arguments)
 {
-    output.clear();
-    program = std::make_unique<QProcess>();
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("XDG_DATA_HOME", files->path());
-    program->setProcessEnvironment(environment);
-    program->start(QStringLiteral(CONSOLE), arguments);
-    QVERIFY(waitForLine("login_serverList"));
-}
-
-bool ProcessTest::waitForLine(const QString& line)
-{
-    return QTest::qWaitFor(
-        [&] {
-            output += QString::fromUtf8(program->readAllStandardOutput());
-            return output.contains("] " + line + "\n");
-        },
-        30000);
+    program = std::make_unique<ConsoleProcess>();
+    program->start(files->path(), arguments);
+    QVERIFY(program->waitForLine("login_serverList"));
 }
 
 void ProcessTest::write(const QString& name, const QByteArray& content) const
@@ -87,11 +69,18 @@ void ProcessTest::firstStartMakesFoldersAndConfiguration()
     start();
     QVERIFY(QDir(path("message")).exists());
     QVERIFY(QFile::exists(path("log/" + QDate::currentDate().toString("dd-MM-yyyy") + ".txt")));
-    const QStringList lines = output.split('\n');
+    const QStringList lines = program->output().split('\n');
     QVERIFY(lines.at(0).endsWith(".txt"));
     QVERIFY(lines.at(1).contains("] Command line argument: "));
-    QVERIFY(waitForLine("Program started"));
-    QVERIFY(!output.contains("Program started debug"));
+    QVERIFY(program->output().contains("] Program started\n"));
+    // The moment of the program file's own build, and not of some source in it.
+    static const QRegularExpression version(
+        "Program version: 2\\.1\\.0\\.29 \\((\\d\\d\\.\\d\\d\\.\\d{4} \\d\\d:\\d\\d:\\d\\d)\\)");
+    const QString built = version.match(program->output()).captured(1);
+    const QDateTime moment = QDateTime::fromString(built, "dd.MM.yyyy hh:mm:ss");
+    const qint64 age = moment.secsTo(QFileInfo(QStringLiteral(CONSOLE)).lastModified());
+    QVERIFY2(age >= 0 && age < 600, qPrintable(built));
+    QVERIFY(!program->output().contains("Program started debug"));
 
     QTRY_VERIFY(QFile::exists(path("config.ini")));
     QTRY_VERIFY(read("config.ini").contains("screen"));
@@ -126,21 +115,20 @@ void ProcessTest::interruptIsLoggedAndSurvived()
 {
     start();
     for (int times = 1; times <= 2; ++times) {
-        output.clear();
-        ::kill(static_cast<pid_t>(program->processId()), SIGINT);
-        QVERIFY(waitForLine("Error"));
+        program->interrupt();
+        QVERIFY(program->waitForLine("Error"));
     }
-    QCOMPARE(program->state(), QProcess::Running);
+    QVERIFY(program->isRunning());
 }
 
 void ProcessTest::debugModeNeedsTheExactWord()
 {
     start({"--DEBUG", "--debugging"});
-    QVERIFY(!output.contains("Debug mode enabled"));
-    QVERIFY(output.contains("Command line argument: --DEBUG"));
+    QVERIFY(!program->output().contains("Debug mode enabled"));
+    QVERIFY(program->output().contains("Command line argument: --DEBUG"));
     cleanup();
     start({"--debug"});
-    QVERIFY(output.contains("] Program started debug\n"));
+    QVERIFY(program->output().contains("] Program started debug\n"));
 }
 
 QTEST_GUILESS_MAIN(ProcessTest)

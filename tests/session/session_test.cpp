@@ -4,7 +4,6 @@
 #include "network/TcpClient.h"
 #include "page/Console.h"
 #include "session/DemoServer.h"
-#include "view/LocalPage.h"
 #include "view/WebView.h"
 
 #include <QWebView>
@@ -36,6 +35,7 @@ private:
     void devicePageShowsTheUnit();
 
     std::unique_ptr<Console> console;
+    QTemporaryDir files;
     DemoServer server;
 };
 
@@ -53,10 +53,7 @@ QString modalOpen(const char* id)
 
 void SessionTest::initTestCase()
 {
-    console = std::make_unique<Console>();
-    QVERIFY(server.start(console->folder()));
-    console->servers().addServer({"127.0.0.1", server.port(), true});
-    QVERIFY(console->waitForPage("login.html"));
+    QVERIFY(server.start(files.path()));
 }
 
 void SessionTest::cleanupTestCase()
@@ -66,11 +63,10 @@ void SessionTest::cleanupTestCase()
 
 void SessionTest::init()
 {
-    QVERIFY(console->waitForPage("login.html"));
-    console->load(LocalPage::loginUrl);
-    QVERIFY(
-        console->waitFor("$('#serverSelect option').length > 0 && "
-                         "typeof modalErrorShow === 'function' && $('#modalError').length > 0"));
+    console.reset();
+    console = std::make_unique<Console>(std::vector<Server>{{"127.0.0.1", server.port(), true}});
+    QVERIFY(console->showLogin());
+    QVERIFY(console->value("$('#serverSelect option').length === 1").toBool());
 }
 
 void SessionTest::logIn(const QString& user)
@@ -181,7 +177,7 @@ void SessionTest::lostConnectionReturnsToTheLoginPage()
     server.kill();
     QVERIFY(console->waitForPage("login.html"));
     QVERIFY(!Data::getCurrentUser());
-    QVERIFY(server.start(console->folder(), server.port()));
+    QVERIFY(server.start(files.path(), server.port()));
     QVERIFY(console->waitFor("$('#serverSelect option').length > 0"));
     logIn("operator");
     console->value("wrapper_Global_logout()");
@@ -207,7 +203,6 @@ void SessionTest::unreachableServerIsTold()
     console->servers().deleteServer("127.0.0.1", server.port());
     console->view().login_tryLogin("admin", "admin", "nonsense");
     QVERIFY(console->waitFor(modalOpen("modalError")));
-    console->servers().addServer({"127.0.0.1", server.port(), true});
 }
 
 void SessionTest::exitLeavesTheProgram()
@@ -221,7 +216,6 @@ void SessionTest::exitLeavesTheProgram()
 
 int main(int argc, char* argv[])
 {
-    Q_INIT_RESOURCE(web);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     SessionTest test;

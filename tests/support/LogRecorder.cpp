@@ -14,9 +14,11 @@ namespace
 
 /// The folder of this process's log, and the configuration that names it.
 struct LogFolder {
-    LogFolder()
+    LogFolder() { config.setValue(QStringLiteral("path/log"), folder.path()); }
+
+    /// Has the log written here, wherever it went before.
+    void take()
     {
-        config.setValue(QStringLiteral("path/log"), folder.path());
         Log::logger().setConfig(&config);
         Log::logger().setPort(&Data::localPort);
         Log::logger().setDebug(&Data::debugMode);
@@ -40,7 +42,7 @@ struct LogFolder {
     QSettings config{folder.filePath(QStringLiteral("config.ini")), QSettings::IniFormat};
 };
 
-const LogFolder& logFolder()
+LogFolder& logFolder()
 {
     static LogFolder folder;
     return folder;
@@ -48,8 +50,10 @@ const LogFolder& logFolder()
 
 } // namespace
 
-LogRecorder::LogRecorder() : start(logFolder().text().size())
+LogRecorder::LogRecorder()
 {
+    logFolder().take();
+    start = logFolder().text().size();
 }
 
 QStringList LogRecorder::lines() const

@@ -1,10 +1,10 @@
 #include "support/SessionFixture.h"
 
 #include "app/Data.h"
-#include "app/Wiring.h"
 #include "model/ServerSettings.h"
 #include "network/NetworkParser.h"
 #include "network/TcpClient.h"
+#include "protocol/Protocols.h"
 #include "protocol/SessionHooks.h"
 #include "support/TestServer.h"
 
@@ -12,9 +12,7 @@
 
 SessionFixture::SessionFixture()
 {
-    if (Data::parser.getProtocolCount() == 0) {
-        Wiring::joinNetwork();
-    }
+    joinProtocols();
     reset();
     Data::tcpClient.setSessionEndHook([this] {
         ++ends;

@@ -2,10 +2,13 @@
 #include "model/Device.h"
 #include "model/DeviceMemory.h"
 #include "model/Firmware.h"
+#include "model/Library.h"
+#include "model/MemoryEntries.h"
 #include "model/ModelList.h"
 #include "model/Playlist.h"
 #include "model/Role.h"
 #include "model/Task.h"
+#include "model/TaskTargets.h"
 #include "model/Track.h"
 #include "model/User.h"
 #include "model/Zone.h"
@@ -130,17 +133,17 @@ void DataTest::newPositionIsBehindTheLastSibling()
     const SessionFixture session;
     appendPlaylist(1, 0, 0);
     appendPlaylist(2, 0, 0);
-    QCOMPARE(Data::getPlaylistNewPositionId(1), 0);
+    QCOMPARE(Library::getPlaylistNewPositionId(1), 0);
     appendPlaylist(10, 1, 9);
     appendPlaylist(11, 1, 2);
     appendPlaylist(12, 2, 5);
-    QCOMPARE(Data::getPlaylistNewPositionId(1), 3); // the last in the list, not the highest
-    QCOMPARE(Data::getPlaylistNewPositionId(3), 0);
-    QCOMPARE(Data::getTrackNewPositionId(1), 0);
+    QCOMPARE(Library::getPlaylistNewPositionId(1), 3); // the last in the list, not the highest
+    QCOMPARE(Library::getPlaylistNewPositionId(3), 0);
+    QCOMPARE(Library::getTrackNewPositionId(1), 0);
     appendTrack(10, 1, 9);
     appendTrack(11, 1, 2);
     appendTrack(12, 2, 5);
-    QCOMPARE(Data::getTrackNewPositionId(1), 3);
+    QCOMPARE(Library::getTrackNewPositionId(1), 3);
 }
 
 void DataTest::deletedMemoryEntryMovesTheLaterOnesUp()
@@ -148,16 +151,16 @@ void DataTest::deletedMemoryEntryMovesTheLaterOnesUp()
     SessionFixture session;
     Data::messageList = memoryOf<Message>(5);
     Data::scenarioList = memoryOf<Scenario>(3);
-    Data::deleteDeviceMessage(4, 2);
+    MemoryEntries::deleteDeviceMessage(4, 2);
     QCOMPARE(session.page.take(),
              (QStringList{QStringLiteral("wrapperInput_device_setMessageId(4,3,2);"),
                           QStringLiteral("wrapperInput_device_setMessageId(4,4,3);")}));
-    QCOMPARE(shown(Data::getDeviceMessages(4)), QStringLiteral("0=0 1=1 2=3 3=4"));
-    QCOMPARE(shown(Data::getDeviceMessages(5)), QStringLiteral("0=0 1=1 2=2 3=3 4=4"));
-    Data::deleteDeviceScenario(4, 1);
+    QCOMPARE(shown(MemoryEntries::getDeviceMessages(4)), QStringLiteral("0=0 1=1 2=3 3=4"));
+    QCOMPARE(shown(MemoryEntries::getDeviceMessages(5)), QStringLiteral("0=0 1=1 2=2 3=3 4=4"));
+    MemoryEntries::deleteDeviceScenario(4, 1);
     QCOMPARE(session.page.take(),
              QStringList{QStringLiteral("wrapperInput_device_setScenarioId(4,2,1);")});
-    QCOMPARE(shown(Data::getDeviceScenarios(4)), QStringLiteral("0=0 1=2"));
+    QCOMPARE(shown(MemoryEntries::getDeviceScenarios(4)), QStringLiteral("0=0 1=2"));
 }
 
 void DataTest::deletedMemoryIsTakenOffThePageEntryByEntry()
@@ -165,14 +168,14 @@ void DataTest::deletedMemoryIsTakenOffThePageEntryByEntry()
     SessionFixture session;
     Data::messageList = memoryOf<Message>(2);
     Data::scenarioList = memoryOf<Scenario>(1);
-    Data::deleteDeviceMessages(4);
+    MemoryEntries::deleteDeviceMessages(4);
     QCOMPARE(session.page.take(),
              (QStringList{QStringLiteral("wrapperInput_device_deleteMessage(4,0);"),
                           QStringLiteral("wrapperInput_device_setMessageId(4,1,0);"),
                           QStringLiteral("wrapperInput_device_deleteMessage(4,0);")}));
-    QVERIFY(Data::getDeviceMessages(4).isEmpty());
-    QCOMPARE(Data::getDeviceMessages(5).size(), 2);
-    Data::deleteDeviceScenarios(4);
+    QVERIFY(MemoryEntries::getDeviceMessages(4).isEmpty());
+    QCOMPARE(MemoryEntries::getDeviceMessages(5).size(), 2);
+    MemoryEntries::deleteDeviceScenarios(4);
     QCOMPARE(session.page.take(),
              QStringList{QStringLiteral("wrapperInput_device_deleteScenario(4,0);")});
     QCOMPARE(Data::scenarioList.size(), 1);
@@ -206,7 +209,7 @@ void DataTest::taskDevices()
     for (const Target& target : targets) {
         appendTask(target);
     }
-    QCOMPARE(Data::getDeviceListFromTasks(), expected);
+    QCOMPARE(getDeviceListFromTasks(), expected);
 }
 
 void DataTest::endOfSessionForgetsIt()

@@ -2,16 +2,16 @@
 
 #include "app/Data.h"
 #include "log/Dropped.h"
-#include "protocol/input/ProtocolDevice.h"
-#include "protocol/input/ProtocolHelper.h"
-#include "protocol/input/ProtocolLog.h"
-#include "protocol/input/ProtocolPlayback.h"
-#include "protocol/input/ProtocolPreset.h"
-#include "protocol/input/ProtocolRole.h"
-#include "protocol/input/ProtocolServer.h"
-#include "protocol/input/ProtocolTask.h"
-#include "protocol/input/ProtocolUser.h"
-#include "protocol/input/ProtocolZone.h"
+#include "protocol/input/InputProtocolDevice.h"
+#include "protocol/input/InputProtocolHelper.h"
+#include "protocol/input/InputProtocolLog.h"
+#include "protocol/input/InputProtocolPlayback.h"
+#include "protocol/input/InputProtocolPreset.h"
+#include "protocol/input/InputProtocolRole.h"
+#include "protocol/input/InputProtocolServer.h"
+#include "protocol/input/InputProtocolTask.h"
+#include "protocol/input/InputProtocolUser.h"
+#include "protocol/input/InputProtocolZone.h"
 
 #include <QJsonObject>
 

@@ -1,4 +1,4 @@
-#include "protocol/input/ProtocolPreset.h"
+#include "protocol/input/InputProtocolPreset.h"
 
 #include "protocol/Request.h"
 

@@ -1,4 +1,4 @@
-#include "protocol/input/ProtocolServer.h"
+#include "protocol/input/InputProtocolServer.h"
 
 #include "protocol/Request.h"
 

@@ -1,4 +1,4 @@
-#include "protocol/input/ProtocolPlayback.h"
+#include "protocol/input/InputProtocolPlayback.h"
 
 #include "app/Data.h"
 #include "log/Log.h"

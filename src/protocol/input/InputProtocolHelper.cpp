@@ -1,4 +1,4 @@
-#include "protocol/input/ProtocolHelper.h"
+#include "protocol/input/InputProtocolHelper.h"
 
 #include "app/Data.h"
 #include "model/ServerSettings.h"

@@ -1,4 +1,4 @@
-#include "protocol/input/ProtocolLog.h"
+#include "protocol/input/InputProtocolLog.h"
 
 #include "protocol/Request.h"
 

@@ -1,4 +1,4 @@
-#include "protocol/input/ProtocolTask.h"
+#include "protocol/input/InputProtocolTask.h"
 
 #include "protocol/Request.h"
 

@@ -1,4 +1,4 @@
-#include "protocol/input/ProtocolRole.h"
+#include "protocol/input/InputProtocolRole.h"
 
 #include "app/Data.h"
 #include "log/Dropped.h"

@@ -1,4 +1,4 @@
-#include "protocol/input/ProtocolDevice.h"
+#include "protocol/input/InputProtocolDevice.h"
 
 #include "app/Data.h"
 #include "log/Dropped.h"

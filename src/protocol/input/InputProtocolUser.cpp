@@ -1,4 +1,4 @@
-#include "protocol/input/ProtocolUser.h"
+#include "protocol/input/InputProtocolUser.h"
 
 #include "protocol/Request.h"
 

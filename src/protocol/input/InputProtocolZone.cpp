@@ -1,4 +1,4 @@
-#include "protocol/input/ProtocolZone.h"
+#include "protocol/input/InputProtocolZone.h"
 
 #include "app/Data.h"
 #include "log/Dropped.h"
