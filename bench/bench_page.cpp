@@ -87,13 +87,18 @@ void paint(WebView& view)
     view.getView()->grab();
 }
 
+/// Whether the wall knows all units; only those near the window have a tile.
+QString isFull(int units)
+{
+    return QStringLiteral("cards !== null && cards.list !== null && cards.list.counts.all === %1")
+        .arg(units);
+}
+
 void showHomePage(Console& console, int units)
 {
     console.load(LocalPage::sessionUrl);
-    if (!console.waitFor(QStringLiteral("$('.tile').length === %1 && $('.zone').length > %2")
-                             .arg(units)
-                             .arg(zones - 1),
-                         120000)) {
+    if (!console.waitFor(
+            isFull(units) + QStringLiteral(" && $('.zone').length > %1").arg(zones - 1), 120000)) {
         fail("the home page didn't fill");
     }
     console.value("modalLoadingHide()");
@@ -102,12 +107,12 @@ void showHomePage(Console& console, int units)
 /// From the operator's click on the tab until all tiles have been painted, in seconds.
 double load(Console& console, int units, double& stall)
 {
-    console.value("loadModal('device_list'); $('#main').empty(); $('#side_menu').empty()");
+    console.value("loadModal('device_list'); loadMainBody('none'); loadSideMenu('none')");
+    console.waitFor("$('#main').is(':empty') && $('#side_menu').is(':empty')");
     const StallWatch watch;
     const double time = Measure::seconds([&] {
         console.value("loadHomePage()");
-        const QString filled = QStringLiteral("$('.tile').length === %1").arg(units);
-        if (!console.waitFor(filled, 120000)) {
+        if (!console.waitFor(isFull(units), 120000)) {
             fail("the home page didn't fill");
         }
         paint(console.view());

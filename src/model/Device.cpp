@@ -82,6 +82,14 @@ void Device::setStatus(DeviceStatus deviceStatus)
     }
 }
 
+void Device::setRead()
+{
+    if (!read) {
+        read = true;
+        Page::call("wrapperInput_device_setRead", id);
+    }
+}
+
 void Device::setBatteryStatus(int number)
 {
     change(batteryStatus, number, "wrapperInput_device_setBattery");

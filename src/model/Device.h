@@ -55,6 +55,10 @@ public:
     DeviceStatus getStatus() const { return status; }
     /// Tells the page on every call.
     void setStatus(DeviceStatus deviceStatus);
+    /// Whether a state of the unit has come, or a refusal of it: before that its health is unknown.
+    bool isRead() const { return read; }
+    /// Tells the page once.
+    void setRead();
     /// 2 full, 1 in between, 0 none or broken.
     int getBatteryStatus() const { return batteryStatus; }
     void setBatteryStatus(int number);
@@ -232,6 +236,7 @@ private:
     QString versionLnCtrl;
     UnreadPart unread = UnreadPart::None;
     DeviceStatus status = DeviceOffline;
+    bool read = false;
     QString multicastIp = QStringLiteral("224.0.224.1");
     int commandPort = 11990;
     QString allowedCommandIp = QStringLiteral("0.0.0.0");

@@ -21,6 +21,19 @@ void User::setTitle(const QString& userTitle)
     title = userTitle;
 }
 
+void User::changeRole(const QString& roleName)
+{
+    if (role == roleName) {
+        return;
+    }
+    if (roleName.isEmpty()) {
+        Page::call("wrapperInput_role_exclude", id, role);
+    } else {
+        Page::call("wrapperInput_role_include", id, roleName);
+    }
+    role = roleName;
+}
+
 void User::setStatus(bool connected)
 {
     Page::call(connected ? "wrapperInput_user_login" : "wrapperInput_user_logout", id);

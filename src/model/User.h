@@ -21,6 +21,8 @@ public:
     /// The name of the user's role, empty for none.
     const QString& getRole() const { return role; }
     void setRole(const QString& roleName) { role = roleName; }
+    /// The same for a user that the page knows, which is told of the change.
+    void changeRole(const QString& roleName);
     /// Whether the user is connected to the server now; always told to the page.
     bool getStatus() const { return status; }
     void setStatus(bool connected);

@@ -286,7 +286,11 @@ void TcpClient::readObjects()
 bool TcpClient::handleNext()
 {
     if (readObject) {
-        parser->handle(*std::exchange(readObject, {}));
+        IncomingMessage message = std::move(*readObject);
+        readObject.reset();
+        parser->handle(message);
+        readers.start(
+            [message = std::move(message)] {}); // to let go of millions of values takes long
         return true;
     }
     while (!isReadingAside) {
@@ -346,17 +350,17 @@ void TcpClient::readAside(const QByteArray& text)
 {
     isReadingAside = true;
     readers.start([this, text, connection = connectionCount] {
-        const IncomingMessage message = NetworkParser::read(text);
+        const auto message = std::make_shared<IncomingMessage>(NetworkParser::read(text));
         QMetaObject::invokeMethod(
             this, [=] { readingAsideEnded(connection, message); }, Qt::QueuedConnection);
     });
 }
 
-void TcpClient::readingAsideEnded(int connection, const IncomingMessage& message)
+void TcpClient::readingAsideEnded(int connection, const std::shared_ptr<IncomingMessage>& message)
 {
     if (connection == connectionCount) {
         isReadingAside = false;
-        readObject = message;
+        readObject = std::move(*message);
         readMessage();
     }
 }

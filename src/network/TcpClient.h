@@ -102,7 +102,7 @@ private:
     void take(JsonStreamSplitter::Found found);
     void received(const QByteArray& text);
     void readAside(const QByteArray& text);
-    void readingAsideEnded(int connection, const IncomingMessage& message);
+    void readingAsideEnded(int connection, const std::shared_ptr<IncomingMessage>& message);
     void releaseQueue();
 
     std::deque<OutgoingMessage> messages;

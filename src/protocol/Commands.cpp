@@ -1,18 +1,36 @@
 #include "protocol/Commands.h"
 
+#include "page/ScriptCall.h"
 #include "protocol/Forbidden.h"
+#include "protocol/Reply.h"
 
 namespace
 {
 
+/// Whether a command asks for what the mirror holds: no control of a page waits for its reply.
+bool onlyReads(const QString& name)
+{
+    return name.startsWith(QLatin1String("get")) || name.startsWith(QLatin1String("list"));
+}
+
+/// The handler of a command's replies. Behind those of all that changes something the operator is
+/// told of a missing right, and the page that the answer is there, whatever its word, so that the
+/// control that has asked comes back.
 NetworkCommand::Function replyHandler(const char* protocol, const CommandRow& row)
 {
-    if (!Forbidden::isTold(QLatin1String(protocol), QLatin1String(row.name))) {
+    if (onlyReads(QLatin1String(row.name))) {
         return row.handler;
     }
-    return [handler = row.handler](const QJsonObject& reply) {
+    const bool tellsForbidden =
+        Forbidden::isTold(QLatin1String(protocol), QLatin1String(row.name));
+    const QString request = QLatin1String(protocol) + QLatin1Char('/') + QLatin1String(row.name);
+    return [handler = row.handler, tellsForbidden, request](const QJsonObject& reply) {
+        const QString word = response(reply);
         handler(reply);
-        Forbidden::tell(reply);
+        if (tellsForbidden) {
+            Forbidden::tell(reply);
+        }
+        Page::call("wrapperInput_global_answered", request, word);
     };
 }
 

@@ -178,7 +178,8 @@ struct CommandRow {
     const char* wireName = nullptr;
 };
 
-/// Registers a protocol with the rows of its table.
+/// Registers a protocol with the rows of its table. A reply to what doesn't only read runs
+/// `wrapperInput_global_answered("<protocol>/<name>","<word>")` behind its handler.
 void registerProtocol(NetworkParser* parser, const char* name, const CommandRow* rows,
                       std::size_t count);
 

@@ -102,6 +102,13 @@ Device* requested(const QJsonObject& reply)
     return device;
 }
 
+void showRead(const Device& device)
+{
+    if (device.isRead()) {
+        Page::call("wrapperInput_device_setRead", device.getId());
+    }
+}
+
 void readVersions(FieldSetter<Device>& message)
 {
     message.text("versionMainText", &Device::setVersionMainText);
@@ -151,12 +158,13 @@ bool isFromMemory(int playbackCategory)
 
 void mergeLines(FieldSetter<Device>& message)
 {
+    Device& device = message.object();
     const auto elements = Fields::array(message.message(), "lines");
     if (!elements) {
         message.logIgnored("lines");
+        device.updateLinesStatus(); // it also depends on the link
         return;
     }
-    Device& device = message.object();
     removeLinesExcept(device, namedLines(*elements));
     for (const QJsonValue& element : *elements) {
         if (const auto reported = readLine(element.toObject())) {

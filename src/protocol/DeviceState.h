@@ -39,6 +39,9 @@ template <class... More> void addToPage(const Device& device, const More&... mor
                device.getPlaybackCategory(), mayManageZones(), more...);
 }
 
+/// Tells the page of a unit whose state has come that it is known.
+void showRead(const Device& device);
+
 // Parts of a state that several messages carry, under the same names.
 void readVersions(FieldSetter<Device>& message);
 void readLink(FieldSetter<Device>& message);

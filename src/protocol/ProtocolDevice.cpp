@@ -117,7 +117,11 @@ void refreshDevice(Device& device, const QJsonObject& element)
     FieldSetter set(device, element, "getDevices");
     set.text("title", &Device::setName);
     DeviceState::readVolume(set);
+    const DeviceStatus before = device.getStatus();
     DeviceState::readLink(set);
+    if (device.getStatus() != before) {
+        device.updateLinesStatus(); // the lines of a unit that isn't online count as at fault
+    }
     takePlayback(set, device.getUnread() != UnreadPart::None);
     requestUnread(device);
 }
@@ -189,10 +193,15 @@ void protocolDeviceCommandGetDevices(const QJsonObject& reply)
 
 void protocolDeviceCommandGetState(const QJsonObject& reply)
 {
-    const auto id = Fields::integer(reply, "id");
+    auto id = Fields::integer(reply, "id");
     Log::message(QStringLiteral("Get device %1 status").arg(id.value_or(0)));
+    id = id ? id : Fields::integer(request(reply), "id"); // a refusal may name it there alone
     Device* const device = id ? Data::getDeviceById(*id) : nullptr;
-    if (!succeeded(reply) || !device) {
+    if (!device) {
+        return;
+    }
+    device->setRead();
+    if (!succeeded(reply)) {
         return;
     }
     FieldSetter set(*device, reply, "getState");

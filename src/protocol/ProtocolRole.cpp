@@ -130,7 +130,7 @@ void setRoleOfUser(const QJsonObject& asked, const QString& role)
 {
     const QString name = Fields::text(asked, "user").value_or(QString());
     if (User* const user = Data::getUserByName(name)) {
-        user->setRole(role);
+        user->changeRole(role);
     } else {
         Log::dropped(QStringLiteral("Ignored reply: unknown user ") + name);
     }
@@ -186,7 +186,7 @@ void protocolRoleCommandDelete(const QJsonObject& reply)
     }
     for (User& user : Data::userList) {
         if (user.getRole() == role->getName()) {
-            user.setRole(QString());
+            user.changeRole(QString());
         }
     }
     Page::call(deleteScript, role->getId());

@@ -10,6 +10,9 @@
 #include "protocol/FieldSetter.h"
 #include "protocol/NamedEntries.h"
 #include "protocol/Reply.h"
+#include "protocol/Request.h"
+
+#include <QHash>
 
 #include <algorithm>
 
@@ -64,7 +67,14 @@ void updateUser(User& user, const QJsonObject& entry)
 {
     FieldSetter<User> set(user, entry, "user list");
     set.text("title", &User::setTitle);
-    set.text("role", &User::setRole);
+    set.text("role", &User::changeRole);
+}
+
+/// The roles of the users that the server has still to take in, by name.
+QHash<QString, QString>& awaitedRoles()
+{
+    static QHash<QString, QString> roles;
+    return roles;
 }
 
 /// Stores a value of the current user under the key that was asked for.
@@ -94,10 +104,21 @@ int nextUserId()
     return id;
 }
 
+void includeInRole(const QString& name, const QString& role)
+{
+    send(RoleCommand::Include, {{QStringLiteral("user"), name}, {QStringLiteral("role"), role}});
+}
+
+void includeInRoleOnceAdded(const QString& name, const QString& role)
+{
+    awaitedRoles().insert(name, role);
+}
+
 void protocolUserCommandAdd(const QJsonObject& reply)
 {
     const QJsonObject asked = request(reply);
     const auto name = Fields::text(asked, "name");
+    const QString role = awaitedRoles().take(name.value_or(QString()));
     if (!succeeded(reply) || !name) {
         showRefusal(reply, addRefusals);
         return;
@@ -107,6 +128,9 @@ void protocolUserCommandAdd(const QJsonObject& reply)
         auto user = makeUser(*name, asked);
         user->setStatus(false);
         addUser(std::move(user));
+    }
+    if (!role.isEmpty()) {
+        includeInRole(*name, role);
     }
     Page::call("modalAdminAddUserHide");
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 class QJsonObject;
+class QString;
 
 void protocolUserCommandAdd(const QJsonObject& reply);
 void protocolUserCommandEdit(const QJsonObject& reply);
@@ -11,6 +12,11 @@ void protocolUserCommandList(const QJsonObject& reply);
 void protocolUserCommandGetConnected(const QJsonObject& reply);
 void protocolUserCommandSaveValue(const QJsonObject& reply);
 void protocolUserCommandLoadValue(const QJsonObject& reply);
+
+/// Asks for a role for a user that the server knows.
+void includeInRole(const QString& name, const QString& role);
+/// The same as soon as the server has taken the user in; if it refuses, nobody's role is moved.
+void includeInRoleOnceAdded(const QString& name, const QString& role);
 
 /// An id that no user has: ids tell the page's rows apart, also after deletions.
 int nextUserId();

@@ -129,6 +129,7 @@ void WebView::menu_loadDeviceInfo(int id)
     device.showVersion();
     showLines(device);
     showState(device);
+    DeviceState::showRead(device);
     if (device.getStatus() == DeviceIncoming) {
         showDeviceManagement();
     }

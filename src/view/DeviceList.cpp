@@ -23,6 +23,7 @@ template <class ShowMore> void showDetails(const Device& device, ShowMore showMo
     const int id = device.getId();
     Page::call("wrapperInput_device_setPlaybackCategory", id, device.getPlaybackCategory());
     showMore();
+    DeviceState::showRead(device);
     if (device.getPlayback() > 0 && Data::getTaskById(device.getTaskId())) {
         device.showTask(device.getTaskId());
     }

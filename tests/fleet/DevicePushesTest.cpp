@@ -71,7 +71,8 @@ void DevicePushesTest::stateOfAKnownUnit()
         wrapperInput_device_setPlayback(5,0,0);
         wrapperInput_device_setPlaybackCategory(5,0);
         wrapperInput_device_setPlaybackInfo(5,"--","--");
-        deviceInfo_changePlaying(5,0);)"));
+        deviceInfo_changePlaying(5,0);
+        wrapperInput_device_setRead(5);)"));
     QCOMPARE(Fleet::takeRequests(), Fleet::lines(R"(
         device/getEqualizer {"id":5}
         device/getMemoryStamp {"id":5}
@@ -91,7 +92,7 @@ void DevicePushesTest::unchangedStateIsQuiet()
     Fleet::push(state(5));
     for (const QString& call : session.page.calls()) {
         QVERIFY2(!call.contains("Battery") && !call.contains("Volume") && !call.contains("Power") &&
-                     !call.contains("Hull"),
+                     !call.contains("Hull") && !call.contains("Read"),
                  qPrintable(call));
     }
     QCOMPARE(Fleet::takeActions(), (QStringList{"getEqualizer", "getConfig"}));
@@ -104,13 +105,15 @@ void DevicePushesTest::stateOfAnUnknownUnit()
     Zone& root = Fleet::addZone(1, QStringLiteral("root"));
     session.page.take();
     Fleet::push(state(5));
-    QCOMPARE(session.page.calls().filter(QRegularExpression("_add\\(5|linkOn|Volume|Level|zone")),
-             Fleet::lines(R"(
+    QCOMPARE(
+        session.page.calls().filter(QRegularExpression("_add\\(5|linkOn|Volume|Level|zone|Read")),
+        Fleet::lines(R"(
         wrapperInput_device_linkOn(5,2);
         wrapperInput_device_setVolume(5,40);
         wrapperInput_device_add(5,"",2,40,0,1);
         wrapperInput_device_setBatteryLevel(5,90);
         wrapperInput_deviceLine_add(5,1,"A",0,0,1);
+        wrapperInput_device_setRead(5);
         wrapperInput_zone_includeDevice(1,5);)"));
     const Device* const device = Data::getDeviceById(5);
     QVERIFY(device);

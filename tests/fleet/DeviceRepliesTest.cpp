@@ -24,6 +24,7 @@ private Q_SLOTS:
     void savedConfigurationIsTakenOver_data();
     void savedConfigurationIsTakenOver();
     void volumeAndEqualizer();
+    void refusedStateLeavesNobodyWaiting();
     void refusalsChangeNothing_data();
     void refusalsChangeNothing();
 };
@@ -86,6 +87,7 @@ void DeviceRepliesTest::knownUnitIsRefreshedQuietly()
         wrapperInput_device_setName(5,"Hall");
         wrapperInput_device_setVolume(5,40);
         wrapperInput_device_linkOn(5,2);
+        wrapperInput_device_setLinesStatus(5,1);
         wrapperInput_device_setPlayback(5,0,0);
         wrapperInput_device_setPlaybackCategory(5,0);
         wrapperInput_device_setPlaybackInfo(5,"--","--");)"));
@@ -340,6 +342,15 @@ void DeviceRepliesTest::volumeAndEqualizer()
                                                 "wrapperInput_device_setEqualizer(5,1,7);"));
 }
 
+void DeviceRepliesTest::refusedStateLeavesNobodyWaiting()
+{
+    SessionFixture session;
+    Fleet::addDevice(5);
+    session.page.take();
+    Fleet::answer(DeviceCommand::GetState, R"({"id": 5})", R"({"response": "forbidden"})");
+    QCOMPARE(session.page.calls(), Fleet::lines("wrapperInput_device_setRead(5);"));
+}
+
 void DeviceRepliesTest::refusalsChangeNothing_data()
 {
     QTest::addColumn<int>("command");
@@ -370,6 +381,7 @@ void DeviceRepliesTest::refusalsChangeNothing()
     SessionFixture session;
     Device& device = Fleet::addDevice(5);
     device.setPlaybackGroupId(7);
+    device.setRead();
     QJsonObject values = Fleet::json(getConfig);
     const QJsonObject more = Fleet::json(R"({"title": "x", "volume": 9, "enabled": true,
         "levels": [1, 2], "size": 8, "memoryStamp": "s", "position": 1, "playbackGroupId": 7,

@@ -152,9 +152,8 @@ void StreamTest::largeObjectIsReadAside()
     QTRY_COMPARE_WITH_TIMEOUT(server.receivedNames(),
                               (QStringList{QStringLiteral("ack 1"), QStringLiteral("ack 2")}),
                               30000);
-    QVERIFY2(heartbeat.worstMilliseconds() < readingTime,
+    QVERIFY2(heartbeat.worstMilliseconds() < readingTime / 3,
              QByteArray::number(heartbeat.worstMilliseconds()).constData());
-    qInfo("reading %lld heartbeat %lld", readingTime, heartbeat.worstMilliseconds());
 }
 
 void StreamTest::sessionEndDropsWhatIsReadAside()

@@ -73,7 +73,8 @@ bool Console::showSession() const
 {
     load(LocalPage::sessionUrl);
     return waitForPage("index.html") &&
-           waitFor("$('#top_menu #device_list').length > 0 && $('#modalShowVersion').length > 0");
+           waitFor("$('#top_menu #device_list, #modalShowVersion, #warning_access, "
+                   "#microphone_access').length === 4");
 }
 
 QString Console::page() const

@@ -10,6 +10,8 @@
 #include "view/WebView.h"
 
 #include <QJsonDocument>
+#include <QMouseEvent>
+#include <QWebView>
 #include <QtTest>
 
 /// The pages of administration and settings, with the mirror behind them.
@@ -26,6 +28,14 @@ private Q_SLOTS:
     void passwordsStayWithTheirUser();
     void saveSendsWhatHasChanged();
     void deletedUserGivesWayToTheFirst();
+    void anyNumberOfUsersGoesAtOnce_data();
+    void anyNumberOfUsersGoesAtOnce();
+    void changesAreAskedAboutBeforeTheyGo_data();
+    void changesAreAskedAboutBeforeTheyGo();
+    void pushLeavesWhatTheOperatorIsAt();
+    void savedRoleIsTheOneThatTheUserHas();
+    void longListIsBuiltAsItIsWalked();
+    void arrowKeysWalkTheList();
     void addDialogRefuses_data();
     void addDialogRefuses();
     void addDialogAddsAndWaitsForTheAnswer();
@@ -36,6 +46,8 @@ private Q_SLOTS:
 
 private:
     void openUsers() const;
+    void press(Qt::Key key) const;
+    void hover(const QString& element) const;
     void addUser(int id, const QString& name, const QString& title, const QString& role) const;
     void addRole(int id, const QString& name) const;
     QVector<QJsonObject> sentRequests() const;
@@ -167,7 +179,8 @@ void AdministrationPageTest::passwordsStayWithTheirUser()
     console->value("$('#1').click(); $('#user_password, #user_alarm_password').val('secret')");
     Data::userList.at(1)->setTitle(QStringLiteral("Охрана")); // from another console
     QCOMPARE(console->text("$('#user_password').val()"), QStringLiteral("secret"));
-    console->value("$('#2').click()");
+    console->value("$('#2').click(); $('#modalUnsavedChanges .other').click()");
+    QCOMPARE(console->text("$('#user_name').text()"), QStringLiteral("night"));
     QCOMPARE(console->text("$('#user_password').val() + $('#user_alarm_password').val()"),
              QString());
 }
@@ -191,7 +204,8 @@ void AdministrationPageTest::saveSendsWhatHasChanged()
     QVERIFY(console->waitFor("$('#modalAdminEditUser').hasClass('in')"));
     QCOMPARE(console->text("$('#title_1').text()"), QStringLiteral("Охрана, вход"));
 
-    console->value("$('#user_role').val('operators'); $('#user_password').val('x'); "
+    console->value("$('#user_role').val('operators').trigger('select2:select'); "
+                   "$('#user_password').val('x'); "
                    "$('#save').click()");
     QCOMPARE(sentActions().mid(1), (QStringList{"user/edit", "role/exclude", "role/include"}));
     QCOMPARE(sent(2).value("password").toString(),
@@ -213,6 +227,192 @@ void AdministrationPageTest::deletedUserGivesWayToTheFirst()
     QCOMPARE(console->text("$('#user_name').text()"), QStringLiteral("admin"));
 }
 
+void AdministrationPageTest::press(Qt::Key key) const
+{
+    QTest::keyClick(console->view().getView(), key);
+}
+
+/// As the window system tells it; QTest's own way needs a pointer, which the offscreen platform
+/// lacks.
+void AdministrationPageTest::hover(const QString& element) const
+{
+    const QString box = QStringLiteral("$('%1')[0].getBoundingClientRect()").arg(element);
+    const QPoint place(console->value(box + ".left + 20").toInt(),
+                       console->value(box + ".top + 20").toInt());
+    QMouseEvent move(QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(console->view().getView(), &move);
+}
+
+void AdministrationPageTest::anyNumberOfUsersGoesAtOnce_data()
+{
+    QTest::addColumn<QVector<int>>("gone");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("the active one") << QVector<int>{0} << "guard";
+    QTest::newRow("two") << QVector<int>{0, 1} << "night";
+    QTest::newRow("two, the active one last") << QVector<int>{1, 0} << "night";
+    QTest::newRow("all") << QVector<int>{0, 1, 2} << "";
+}
+
+void AdministrationPageTest::anyNumberOfUsersGoesAtOnce()
+{
+    QFETCH(QVector<int>, gone);
+    QFETCH(QString, shown);
+    openUsers();
+    console->view().collectScripts(true);
+    for (const int id : gone) {
+        Page::call("wrapperInput_user_delete", id);
+        Data::userList.remove(Data::userList.find(id));
+    }
+    console->view().collectScripts(false);
+    const int left = 3 - gone.size();
+    QVERIFY(console->waitFor(QStringLiteral("$('#userList tr').length === %1").arg(left)));
+    QCOMPARE(console->value("$('.user_active').length").toInt(), qMin(left, 1));
+    if (left > 0) {
+        QCOMPARE(console->text("$('#user_name').text()"), shown);
+    } else {
+        QVERIFY(console->value("$('.empty_list').is(':visible')").toBool());
+        console->value("$('#save').click()");
+        QCOMPARE(sentActions(), QStringList());
+    }
+}
+
+void AdministrationPageTest::changesAreAskedAboutBeforeTheyGo_data()
+{
+    QTest::addColumn<QString>("way"); // none stands for the arrow key
+    QTest::addColumn<QString>("isGone");
+    QTest::addColumn<QString>("word");
+    const QString nextUser = QStringLiteral("$('#user_name').text() === 'night'");
+    const QString noUsers = QStringLiteral("$('#userList').length === 0");
+    const QVector<QPair<QString, QString>> ways{{"$('#2')[0].click()", nextUser},
+                                                {"$('#back')[0].click()", noUsers},
+                                                {"$('#admin_log')[0].click()", noUsers},
+                                                {QString(), nextUser}};
+    for (const auto& way : ways) {
+        for (const char* const word : {"cancel", "other", "accept", "row deleted"}) {
+            QTest::addRow("%s, %s", qPrintable(way.first), word) << way.first << way.second << word;
+        }
+    }
+}
+
+void AdministrationPageTest::changesAreAskedAboutBeforeTheyGo()
+{
+    QFETCH(QString, way);
+    QFETCH(QString, isGone);
+    QFETCH(QString, word);
+    openUsers();
+    console->value("$('#1')[0].click(); $('#user_title').val('Другое')");
+    if (way.isEmpty()) {
+        console->view().getView()->setFocus();
+        hover("#1");
+        press(Qt::Key_Down);
+    } else {
+        console->value(way);
+    }
+    QVERIFY(console->value("$('#modalUnsavedChanges').is(':visible')").toBool());
+    console->picture("users-unsaved");
+    QVERIFY(!console->value(isGone).toBool());
+    if (word == "row deleted") {
+        Page::call("wrapperInput_user_delete", 1);
+        QVERIFY(!console->value("$('#modalUnsavedChanges').is(':visible')").toBool());
+        QCOMPARE(console->text("$('#user_name').text()"), QStringLiteral("admin"));
+        return;
+    }
+    console->value(QStringLiteral("$('#modalUnsavedChanges .%1').click()").arg(word));
+    QCOMPARE(sentActions().size(), word == "accept" ? 1 : 0);
+    if (word == "accept") {
+        QVERIFY(!console->value(isGone).toBool());
+        answer(sent(0), QStringLiteral("success"));
+    }
+    if (word == "cancel") {
+        QVERIFY(!console->value(isGone).toBool());
+        QCOMPARE(console->text("$('#user_title').val()"), QStringLiteral("Другое"));
+    } else {
+        QVERIFY(console->waitFor(isGone));
+    }
+}
+
+void AdministrationPageTest::pushLeavesWhatTheOperatorIsAt()
+{
+    openUsers();
+    console->value("$('#1')[0].click()");
+    Data::userList.at(1)->setTitle(QStringLiteral("Вход"));
+    Data::userList.at(1)->changeRole(QStringLiteral("operators"));
+    QCOMPARE(console->text("$('#user_title').val() + $('#user_role').val()"),
+             QStringLiteral("Входoperators"));
+    QVERIFY(!console->value("$('.form_note').is(':visible')").toBool());
+    console->value("$('#user_title').val('Мой')");
+    Data::userList.at(1)->setTitle(QStringLiteral("Их"));
+    Data::userList.at(1)->changeRole(QStringLiteral("guards"));
+    QCOMPARE(console->text("$('#user_title').val() + $('#user_role').val()"),
+             QStringLiteral("Мойguards"));
+    QVERIFY(console->value("$('.form_note').is(':visible')").toBool());
+    console->picture("users-changed-elsewhere");
+    console->value("$('#save').click(); $('#save').click()");
+    QCOMPARE(sentActions(), QStringList{"user/edit"}); // one, and no role
+    answer(sent(0), QStringLiteral("whatever"));
+    QVERIFY(!console->value("$('#save').prop('disabled')").toBool());
+    QCOMPARE(console->text("$('#user_title').val()"), QStringLiteral("Мой"));
+    console->value("$('#user_title').val(''); $('#save').click()");
+    QVERIFY(
+        console->value("$('#user_title').parent().find('.help-block').is(':visible')").toBool());
+    console->picture("users-wrong");
+}
+
+void AdministrationPageTest::savedRoleIsTheOneThatTheUserHas()
+{
+    Data::userList.at(1)->setRole(QStringLiteral("no entry of the box"));
+    openUsers();
+    console->value("$('#1')[0].click(); $('#user_title').val('Охрана'); $('#save').click()");
+    QCOMPARE(sentActions(), QStringList{"user/edit"});
+    answer(sent(0), QStringLiteral("success"));
+    console->value("$('#user_role').val('operators').trigger('select2:select'); "
+                   "wrapperInput_role_clear(); wrapper_AdminUser_LoadRoleList()");
+    QCOMPARE(console->text("$('#user_role').val()"), QStringLiteral("operators"));
+    Page::call("wrapperInput_role_delete", 0); // what was chosen has gone
+    QVERIFY(console->value("$('#user_role').val() === null").toBool());
+    console->value("$('#user_title').val('Вход'); $('#save').click()");
+    QCOMPARE(sentActions().mid(1), QStringList{"user/edit"});
+}
+
+void AdministrationPageTest::longListIsBuiltAsItIsWalked()
+{
+    const int count = 5000;
+    for (int id = 3; id < count; ++id) {
+        addUser(id, QString::number(id), QString::number(id), QString());
+    }
+    openUsers();
+    const int built = console->value("$('#userList tr').length").toInt();
+    QVERIFY(built > 30 && built < 500);
+    for (int round = 0; round < 3; ++round) {
+        console->value("$('#userList').parent().scrollTop(1e9).trigger('scroll')");
+    }
+    QVERIFY(console->value("$('#userList tr').length").toInt() > built);
+    Page::call("wrapperInput_user_edit", count - 1, "x", "Последний"); // not built, but known
+    QVERIFY(console->value("$('#userList tr').length").toInt() < 2000);
+    QCOMPARE(console->text("$('#userList tr:first').attr('id')"), QStringLiteral("0"));
+}
+
+void AdministrationPageTest::arrowKeysWalkTheList()
+{
+    openUsers();
+    QWebView* const view = console->view().getView();
+    view->setFocus();
+    hover("#user_status");
+    press(Qt::Key_Down);
+    QCOMPARE(console->text("$('.user_active').attr('id')"), QStringLiteral("0"));
+    hover("#2");
+    QVERIFY(console->waitFor("document.querySelector('#userList:hover') !== null"));
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up}) {
+        press(key); // there is no row behind the third
+    }
+    QCOMPARE(console->text("$('#user_name').text()"), QStringLiteral("guard"));
+    hover("#user_status");
+    console->value("$('.user_active')[0].focus()");
+    press(Qt::Key_Down);
+    QCOMPARE(console->text("document.activeElement.id + $('#user_name').text()"),
+             QStringLiteral("2night"));
+}
+
 void AdministrationPageTest::addDialogRefuses_data()
 {
     QTest::addColumn<QString>("fill");
@@ -225,6 +425,8 @@ void AdministrationPageTest::addDialogRefuses_data()
                                << "addName";
     QTest::newRow("no title") << "$('#addTitle').val('')"
                               << "addTitle";
+    QTest::newRow("no role") << "$('#addRole').val('')"
+                             << "addRole";
     QTest::newRow("password") << "$('#addPassword').val('a')"
                               << "addPassword addConfirmPassword";
     QTest::newRow("alarm password") << "$('#addConfirmAlarmPassword').val('a')"
@@ -236,12 +438,15 @@ void AdministrationPageTest::addDialogRefuses()
     QFETCH(QString, fill);
     QFETCH(QString, marked);
     openUsers();
-    console->value(
-        "$('#add_user').click(); $('#addName').val('new'); $('#addTitle').val('Новый');" + fill +
-        "; $('#accept_user').click()");
-    QCOMPARE(console->text("$('#modalAddUser .has-error input').map(function () { return this.id; "
-                           "}).get().join(' ')"),
-             marked);
+    console->value("$('#add_user').click(); $('#addName').val('new'); $('#addTitle').val('Новый'); "
+                   "$('#addRole').val('guards');" +
+                   fill + "; $('#accept_user').click()");
+    QCOMPARE(
+        console->text(
+            "$('#modalAddUser .has-error').find('input, select').map(function () { return this.id; "
+            "}).get().join(' ')"),
+        marked);
+    QVERIFY(console->value("$('#modalAddUser .help-block').text().length > 5").toBool());
     QCOMPARE(sentActions(), QStringList());
     console->value("$('#add_user').click()");
     QCOMPARE(console->value("$('#modalAddUser .has-error').length").toInt(), 0);
@@ -254,17 +459,21 @@ void AdministrationPageTest::addDialogAddsAndWaitsForTheAnswer()
     QVERIFY(console->waitFor("$('#modalAddUser').hasClass('in') && "
                              "document.activeElement.id === 'addName'"));
     console->picture("users-add");
-    QCOMPARE(console->value("$('#addRole option').length").toInt(), 2);
+    QCOMPARE(console->value("$('#addRole option[id]').length").toInt(), 2);
+    QCOMPARE(console->text("$('#addRole').val()"), QString());
     QCOMPARE(console->text("$('#user_role').val()"), QStringLiteral("operators"));
     console->value("$('#addName').val('new'); $('#addTitle').val('Новый'); "
                    "$('#addRole').val('guards'); $('#accept_user').click()");
-    QCOMPARE(sentActions(), (QStringList{"user/add", "role/include"}));
+    QCOMPARE(sentActions(), QStringList{"user/add"});
+    QVERIFY(console->value("$('#accept_user').prop('disabled')").toBool());
     QVERIFY(console->value("$('#modalAddUser').hasClass('in')").toBool());
-    answer(sent(1), QStringLiteral("error"));
+    answer(sent(0), QStringLiteral("error"));
     QVERIFY(console->waitFor("$('#modalAdminAddUserError').hasClass('in')"));
     QVERIFY(console->value("$('#userList tr').length === 3").toBool());
     console->value("$('#modalAdminAddUserError').modal('hide'); $('#accept_user').click()");
-    answer(sent(1), QStringLiteral("success"));
+    QCOMPARE(sentActions(), (QStringList{"user/add", "user/add"}));
+    answer(sent(0), QStringLiteral("success"));
+    QCOMPARE(sentActions().last(), QStringLiteral("role/include"));
     QVERIFY(console->waitFor("!$('#modalAddUser').hasClass('in')"));
     QCOMPARE(console->text("$('#userList tr:last td:first').text()"), QStringLiteral("Новый"));
 }

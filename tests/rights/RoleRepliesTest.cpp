@@ -174,7 +174,8 @@ void RoleRepliesTest::deletedRoleLeavesItsUsers()
     QCOMPARE(Data::roleList.size(), 2);
     Fleet::answer(RoleCommand::Delete, R"({"name": "night"})", "{}");
     QCOMPARE(Rights::roles(), QStringList{"0 guard"});
-    QCOMPARE(session.page.calls(), QStringList{"wrapperInput_role_delete(1);"});
+    QCOMPARE(session.page.calls(), (QStringList{R"(wrapperInput_role_exclude(1,"night");)",
+                                                "wrapperInput_role_delete(1);"}));
     QCOMPARE(boris.getRole(), QString());
     QCOMPARE(anna.getRole(), QString("guard"));
 }

@@ -108,6 +108,7 @@ void UsersTest::shorterListTakesUsersOut()
     QCOMPARE(session.page.calls(), Fleet::lines(R"(
         wrapperInput_user_delete(1);
         wrapperInput_user_edit(2,"vera","Vera");
+        wrapperInput_role_include(2,"night");
         wrapperInput_userGlobal_edit("Anna");)"));
     QCOMPARE(Data::getUserByName("vera")->getRole(), QString("night"));
     QVERIFY(session.log.contains("Founded user remove"));
@@ -125,7 +126,7 @@ void UsersTest::listOfTheSameLengthRefreshesTheKnown()
         {"name": "vera", "title": "", "role": "night"}]})");
     QCOMPARE(Rights::users(), (QStringList{"1 boris", "2 vera"}));
     QCOMPARE(Data::getUserByName("vera")->getRole(), QString("night"));
-    QCOMPARE(session.page.calls(), QStringList());
+    QCOMPARE(session.page.calls(), QStringList{R"(wrapperInput_role_include(2,"night");)"});
 }
 
 void UsersTest::longerListTakesUsersIn()
@@ -144,7 +145,8 @@ void UsersTest::longerListTakesUsersIn()
         wrapperInput_user_edit(1,"gleb","");
         wrapperInput_user_edit(1,"gleb","Gleb");
         wrapperInput_user_add(1,"gleb","Gleb",0,0);
-        wrapperInput_user_edit(0,"vera","Vera");)"));
+        wrapperInput_user_edit(0,"vera","Vera");
+        wrapperInput_role_include(0,"day");)"));
 }
 
 /// Two accounts went and one came: what is left is fewer than the reply's.

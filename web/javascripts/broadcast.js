@@ -2,11 +2,8 @@
 
 function broadcastVolume() {
     var slider = $("<input type='range' class='slider' id='volume_value' min='0' max='100' step='1' value='50'>")
-        .on("input", paintSlider)
-        .on("mouseup", function () {
-            wrapper_Playback_SetVolume(0, Number(this.value), "redirection");
-        })
         .each(paintSlider);
+    onSliderSet(slider, (field) => wrapper_Playback_SetVolume(0, Number(field.value), "redirection"));
     return $("<div class='volume_row'>").append($("<span class='quiet'>").text("Громкость:"), slider);
 }
 
@@ -88,7 +85,10 @@ function buildBroadcastDialog(type, hasVolume) {
     }
 
     const footer = $("<div class='modal-footer'>").append(
-        broadcastButton("translation_button_stop", "btn-danger", "Остановить", () => wrapper_Playback_StopRedirection()),
+        broadcastButton("translation_button_stop", "btn-danger", "Остановить", function () {
+            answers.wait("playback/stopRedirection", this);
+            wrapper_Playback_StopRedirection();
+        }),
         broadcastButton("translation_button_close", "btn-default", "Закрыть", close),
         broadcastButton("translation_button_start", "btn-primary accept", "Старт", start)
     );

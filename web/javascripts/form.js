@@ -5,7 +5,7 @@ const longestName = 32;
 // Keeps a name field to the characters and the length that a name may have.
 function limitName(selector) {
     $(selector)
-        .on("keydown", function (event) {
+        .on("keypress", function (event) {
             return checkValue(this, event);
         })
         .on("keyup", function () {
@@ -13,14 +13,22 @@ function limitName(selector) {
         });
 }
 
-function hasNameLength(text) {
-    return text.length >= 1 && text.length <= longestName;
+// Marks fields with a word for what is wrong with them, or unmarks them with ""; answers whether
+// they are right.
+function markField(selector, word) {
+    $(selector)
+        .closest(".form_field")
+        .each(function () {
+            $(this).toggleClass("has-error", word !== "").find(".help-block").remove();
+            if (word !== "") {
+                $("<div class='help-block'>").text(word).appendTo(this);
+            }
+        });
+    return word === "";
 }
 
-// Marks or unmarks the fields and answers whether they are right.
-function markFields(selector, isRight) {
-    $(selector).closest(".form_field").toggleClass("has-error", !isRight);
-    return isRight;
+function nameError(text) {
+    return text.length >= 1 && text.length <= longestName ? "" : "От 1 до " + longestName + " символов";
 }
 
 // A pair of buttons for on and off: two radio boxes, each in its label.
@@ -57,9 +65,4 @@ function buildSelect(selector, placeholder) {
         placeholder: placeholder,
         dropdownParent: dialog.length ? dialog : $(document.body),
     });
-}
-
-// The active row of a list, marked by the list's own class.
-function activateRow(row, activeClass) {
-    $(row).addClass(activeClass).siblings().removeClass(activeClass);
 }

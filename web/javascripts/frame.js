@@ -8,20 +8,52 @@ function loadAll() {
     });
 }
 
+// The user's menu. Whoever works it by keys is taken into it, and back to where it was opened.
+
+function closeMenu() {
+    if ($("#menu").find(document.activeElement).length) {
+        $("#global_user_name").focus();
+    }
+    $("#menu").hide();
+}
+
+function toggleMenu() {
+    if ($("#menu").is(":visible")) {
+        closeMenu();
+        return;
+    }
+    $("#menu").show();
+    if ($(document.activeElement).is("#global_user_name")) {
+        $(".menu_entry:visible").attr("tabindex", 0).first().focus();
+    }
+}
+
+function walkMenu(event) {
+    var step = {38: "prevAll", 40: "nextAll"}[event.which];
+    if (step) {
+        $(document.activeElement)[step](".menu_entry:visible").first().focus();
+    }
+}
+
+function buildMenu() {
+    $("#global_user_name").on("click", toggleMenu);
+    $("#menu").on("mouseleave", closeMenu).on("keydown", walkMenu);
+    $(document).on("mousedown keydown", function (event) {
+        if (event.which === 27 || (event.type === "mousedown" && !$(event.target).closest("#menu, #global_user_name").length)) {
+            closeMenu();
+        }
+    });
+}
+
 function openMenuEntry(id, action) {
     $("#" + id).on("click", function () {
-        $("#menu").hide();
+        closeMenu();
         action();
     });
 }
 
 $(document).ready(function () {
-    $("#global_user_name").on("click", function () {
-        $("#menu").toggle();
-    });
-    $("#menu").on("mouseleave", function () {
-        $("#menu").hide();
-    });
+    buildMenu();
     openMenuEntry("menu_settings", function () {
         loadSideMenu("settings");
         loadMainBody("settings/files");
@@ -36,8 +68,8 @@ $(document).ready(function () {
     openMenuEntry("menu_about", function () {
         modalShowVersion();
     });
-    openMenuEntry("menu_change_user", wrapper_Global_logout);
-    openMenuEntry("menu_exit", wrapper_Global_exit);
+    openMenuEntry("menu_change_user", () => wrapper_Global_logout());
+    openMenuEntry("menu_exit", () => wrapper_Global_exit());
     $("#translation").on("click", function () {
         warningBlock();
     });

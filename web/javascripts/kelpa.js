@@ -1,173 +1,144 @@
-// The card of a unit: what the pages with cards have in common.
+// The card of one unit: its mark-up, and how each field of the unit shows in it.
 
-const linkStates = {
-    0: {name: "offline", word: "Отключен"},
-    1: {name: "incoming", word: "Подключение"},
-    2: {name: "online", word: "Подключен"},
+const linkStates = [
+    {name: "offline", word: "Отключен"},
+    {name: "incoming", word: "Подключение"},
+    {name: "online", word: "Подключен"},
+];
+
+// The parts of a card below its name. Their ids are "device_", the part, and the unit.
+const cardParts = {
+    playing: "<span data-part='playing'></span>",
+    task: "<span class='btn tile_icon btn-default hidden' data-part='task'><i class='fa fa-calendar'></i></span>",
+    lines: "<span data-part='lines'><i class='fa fa-volume-up'></i></span>",
+    battery: "<span data-part='battery'><i data-part='battery_level'></i></span>",
+    power: "<span data-part='power'><i class='fa fa-bolt'></i></span>",
+    hull: "<span data-part='hull'><i></i></span>",
+    button: "<span data-part='button' data-action='tick' title='Выбрать'></span>",
+    volume: "<div class='tile_volume'><div data-part='volume'></div></div>",
 };
 
-function playingIcon(id, playback) {
-    return $("<span class='btn tile_icon fa'>")
-        .attr({id: "device_playing_" + id, title: "Воспроизведение"})
-        .addClass(getPlaybackIcon(playback));
+// A card with some of the parts in a row, and maybe the volume below them.
+function cardTemplate(names, hasVolumeBelow) {
+    const icons = names.map((name) => cardParts[name]).join("");
+    return `<div><div data-part="border"><div data-part="header">
+        <span class="tile_name ellipsis" data-part="name"></span><span class="tile_state" data-part="state"></span>
+        </div><div class="tile_icons">${icons}</div>${hasVolumeBelow ? cardParts.volume : ""}</div></div>`;
 }
 
-function tileIcon(id, name, icon, title) {
-    return $("<span class='btn tile_icon'>")
-        .attr({id: "device_" + name + "_" + id, title: title})
-        .append($("<i class='fa'>").addClass(icon));
+function isAlarm(playback) {
+    return playback === -4 || playback === 6;
 }
 
-function taskIcon(id) {
-    return tileIcon(id, "task", "fa-calendar", "Расписание").addClass("btn-default hidden");
-}
-
-function selectIcon(id) {
-    return $("<span class='btn tile_icon tile_select fa fa-square-o'>")
-        .attr({id: "device_button_" + id, title: "Выбрать"})
-        .on("click", function (event) {
-            event.stopPropagation();
-            device_select(id);
-        });
-}
-
-function volumeBar(id) {
-    return $("<div class='tile_volume'>").append($("<div>").attr("id", "device_volume_" + id));
-}
-
-function findCard(id) {
-    return document.getElementById("device_" + id);
-}
-
-// Adds a unit's card with the rows of `content` below its header; does nothing if it is there.
-function addCard(id, name, status, content, action) {
-    if (findCard(id)) {
-        return;
+// The classes of the whole card. `playing` is undefined where the page doesn't look at playbacks.
+function paintCard(parts, item) {
+    const classes = ["zone_device", "tile", "device_" + item.id];
+    const marks = {device_online: item.status === 2, unread: item.read === false, alarm_on_air: isAlarm(item.category)};
+    if (item.playing !== undefined) {
+        classes.push("playback_device", "playback_" + item.playing);
     }
-    var header = $("<div>")
-        .attr("id", "device_header_" + id)
-        .append(
-            $("<span class='tile_name ellipsis'>").attr({id: "device_name_" + id, title: name}).text(name),
-            $("<span class='tile_state'>").attr("id", "device_state_" + id)
-        );
-    $("<div class='zone_device tile'>")
-        .attr("id", "device_" + id)
-        .addClass("device_" + id)
-        .toggleClass("near", $("#main_kelpa_list").prop("childElementCount") < nearAtFirst)
-        .append(
-            $("<div class='kelpa_item'>")
-                .attr("id", "device_border_" + id)
-                .append(header, content)
-                .on("click", function () {
-                    action(id);
-                })
-        )
-        .appendTo("#main_kelpa_list");
-    wallHasChanged();
-    showLink(id, status);
+    parts.root.className = classes
+        .concat(item.zones.map((zone) => "zone_device_" + zone))
+        .concat(Object.keys(marks).filter((mark) => marks[mark]))
+        .concat(item.passes ? [] : "hidden")
+        .join(" ");
 }
 
-function addPlaybackCard(id, name, status, playbackClass, content, action) {
-    addCard(id, name, status, content, action);
-    $("#device_" + id).addClass("playback_device " + (playbackClass || "playback_0"));
-    showEmptyList();
+// An icon of the unit's health: before the unit has been read nobody knows it.
+function paintHealth(part, item, mode, what, word) {
+    part.className = "btn tile_icon tile_health " + mode;
+    part.title = what + ": " + (item.read ? word : "состояние неизвестно");
 }
 
-// A state stream mostly repeats what is known.
-function showLink(id, status) {
-    var card = findCard(id);
-    if (!card || card.linkStatus === status) {
-        return;
-    }
-    card.linkStatus = status;
-    var state = linkStates[status];
-    var button = $("#device_button_" + id).toggleClass("disabled", status !== 2);
-    setOneClass(
-        "#device_border_" + id,
-        ["kelpa_item_offline", "kelpa_item_incoming", "kelpa_item_online"],
-        "kelpa_item_" + state.name
-    );
-    setOneClass(
-        "#device_header_" + id,
-        ["kelpa_item_heading_offline", "kelpa_item_heading_incoming", "kelpa_item_heading_online"],
-        "kelpa_item_heading_" + state.name
-    );
-    $("#device_state_" + id).text(state.word);
-    $(card).toggleClass("device_online", status === 2);
-    if (status !== 2 && button.hasClass("fa-check-square-o")) {
-        setTicks(button, false);
-    }
-    showEmptyList();
+function modeOf(isGood) {
+    return isGood ? "btn-success" : "btn-danger";
 }
 
-function setZoneOfCard(zoneId, deviceId, isIncluded) {
-    var card = findCard(deviceId);
-    if (card && card.classList.contains("zone_device_" + zoneId) !== isIncluded) {
-        $(card).toggleClass("zone_device_" + zoneId, isIncluded);
-        wallHasChanged();
-        showEmptyList();
-    }
+function batteryStep(level) {
+    return level >= 100 ? 4 : level > 75 ? 3 : level > 50 ? 2 : level > 25 ? 1 : 0;
 }
 
-// What a page with cards answers to. `own` has what the page does in another way, or beyond that.
-function unitCards(own) {
-    return $.extend(
+function paintLines(parts, item) {
+    const isGood = item.lines === 1;
+    paintHealth(parts.lines, item, modeOf(isGood), "Линии", isGood ? "нормально" : "ошибка");
+}
+
+function paintBattery(parts, item) {
+    const word = {2: "заряжена", 1: "заряжается или разряжается"}[item.battery] || "отсутствует или неисправна";
+    const mode = {2: "btn-success", 1: "btn-warning"}[item.battery] || "btn-danger";
+    paintHealth(parts.battery, item, mode, "АКБ", item.batteryLevel + "%, " + word);
+    parts.battery_level.className = "fa fa-battery-" + batteryStep(item.batteryLevel);
+}
+
+function paintPower(parts, item) {
+    const isGood = item.power === 1;
+    paintHealth(parts.power, item, modeOf(isGood), "Сеть 220 В", isGood ? "нормально" : "отсутствует");
+}
+
+function paintHull(parts, item) {
+    const isGood = item.hull === 1;
+    paintHealth(parts.hull, item, modeOf(isGood), "Крышка корпуса", isGood ? "закрыта" : "открыта");
+    parts.hull.firstChild.className = "fa " + (isGood ? "fa-lock" : "fa-unlock-alt");
+}
+
+function paintName(parts, item) {
+    parts.name.textContent = item.name;
+    parts.name.title = item.name;
+}
+
+function paintLink(parts, item) {
+    const state = linkStates[item.status];
+    parts.border.className = "kelpa_item kelpa_item_" + state.name;
+    parts.header.className = "kelpa_item_heading_" + state.name;
+    parts.state.textContent = state.word;
+}
+
+function paintPlaying(parts, item) {
+    parts.playing.className = "btn tile_icon fa " + (getPlaybackIcon(item.category) || "");
+    parts.playing.title = (isAlarm(item.category) ? "Тревога: " : "Воспроизведение: ") + playbackWord(item.category);
+}
+
+function paintTask(parts, item) {
+    parts.task.title = "Расписание: " + item.task;
+    parts.task.classList.toggle("hidden", item.task === "");
+}
+
+function paintTick(parts, item) {
+    const box = item.ticked ? "fa-check-square-o" : "fa-square-o";
+    parts.button.className = "btn tile_icon tile_select fa " + box + (item.status === 2 ? "" : " disabled");
+}
+
+function paintVolume(parts, item) {
+    parts.volume.style.width = item.volume + "%";
+    parts.volume.setAttribute("data-value", item.volume);
+    parts.volume.parentNode.title = "Громкость: " + item.volume;
+}
+
+// How the fields show in a card with these parts.
+function paintersOf(names, hasVolumeBelow) {
+    const has = (name) => names.indexOf(name) >= 0;
+    const tick = has("button") ? [paintTick] : [];
+    const health = has("lines")
+        ? {
+              lines: [paintLines],
+              battery: [paintBattery],
+              batteryLevel: [paintBattery],
+              power: [paintPower],
+              hull: [paintHull],
+              read: [paintCard, paintLines, paintBattery, paintPower, paintHull],
+          }
+        : {};
+    return Object.assign(
         {
-            wrapperInput_device_add: function (id, name, status, volume, playback, zonePermission, playbackClass) {
-                var icons = $("<div class='tile_icons'>").append(playingIcon(id, playback), taskIcon(id), selectIcon(id));
-                addPlaybackCard(id, name, status, playbackClass, icons, device_select);
-            },
-            wrapperInput_device_delete: function (id) {
-                $(".device_" + id).remove();
-                wallHasChanged();
-                showEmptyList();
-                showSelection();
-            },
-            wrapperInput_device_setName: function (id, name) {
-                $("#device_name_" + id).text(name).attr("title", name);
-            },
-            wrapperInput_device_linkOn: function (id) {
-                showLink(id, 2);
-            },
-            wrapperInput_device_linkIncoming: function (id) {
-                showLink(id, 1);
-            },
-            wrapperInput_device_linkOff: function (id) {
-                showLink(id, 0);
-            },
-            wrapperInput_device_setVolume: function (id, volume) {
-                $("#device_volume_" + id)
-                    .css("width", volume + "%")
-                    .data("value", volume)
-                    .parent()
-                    .attr("title", "Громкость: " + volume);
-            },
-            wrapperInput_device_setPlaybackCategory: function (id, playback) {
-                setOneClass("#device_playing_" + id, allPlaybackIcons, getPlaybackIcon(playback));
-            },
-            wrapperInput_device_setPlayback: function (id, oldPlayback, playback) {
-                var card = findCard(id);
-                if (card && card.classList.contains("playback_device")) {
-                    $(card).removeClass("playback_" + oldPlayback).addClass("playback_" + playback);
-                    showEmptyList();
-                }
-            },
-            wrapperInput_device_setTask: function (id, taskId, title) {
-                $("#device_task_" + id).attr("title", "Расписание: " + title).toggleClass("hidden", taskId <= 0);
-            },
-            wrapperInput_zone_includeDevice: function (zoneId, deviceId) {
-                setZoneOfCard(zoneId, deviceId, true);
-            },
-            wrapperInput_zone_excludeDevice: function (zoneId, deviceId) {
-                setZoneOfCard(zoneId, deviceId, false);
-            },
-            device_select: function (id) {
-                var button = $("#device_button_" + id);
-                if (!button.hasClass("disabled")) {
-                    setTicks(button, !button.hasClass("fa-check-square-o"));
-                }
-            },
+            name: [paintName],
+            status: [paintCard, paintLink].concat(tick),
+            category: [paintCard, paintPlaying],
+            playing: [paintCard],
+            zones: [paintCard],
+            task: [paintTask],
+            ticked: tick,
+            volume: hasVolumeBelow || has("volume") ? [paintVolume] : [],
         },
-        own
+        health
     );
 }

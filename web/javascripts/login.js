@@ -4,18 +4,19 @@
     let roleChanged = false;
     let dialogsLoaded = false;
     let paintTimer = null;
-    let isWaiting = false; // for the end of a login
 
-    function showWait(text) {
-        isWaiting = true;
-        $("#login").prop("disabled", true);
+    function isWaiting() {
+        return answers.isAwaited("#login");
+    }
+
+    // The button comes back with the answer, when there is something else to send, and in time.
+    function wait(text) {
+        answers.wait("user/login", "#login", () => $("#login_status").text(""));
         $("#login_status").text(text);
     }
 
     function endWait() {
-        isWaiting = false;
-        $("#login").prop("disabled", false);
-        $("#login_status").text("");
+        answers.forget("#login");
     }
 
     page({
@@ -28,16 +29,19 @@
                 modalNoServerShow();
                 return;
             }
-            if (isWaiting) {
+            if (isWaiting()) {
                 return;
             }
-            showWait("Подключение к серверу…");
+            if ($("#login").is(":focus")) {
+                $("#password").focus(); // for what is typed after a refusal
+            }
+            wait("Подключение к серверу…");
             setTimeout(() => {
                 wrapper.login_tryLogin($("#name").val(), $("#password").val(), selectedServer());
-                if (isWaiting) {
+                if (isWaiting()) {
                     // It is on its way, and isn't needed here any more.
                     $("#password").val("");
-                    showWait("Ожидание ответа сервера…");
+                    $("#login_status").text("Ожидание ответа сервера…");
                 }
             }, 30);
         },
@@ -120,6 +124,8 @@
             modalAddServerShow();
         });
         $("#deleteServerButton").on("click", () => deleteServer());
+        $("#widget").on("input", "input", endWait);
+        $("#serverSelect").on("select2:select", endWait);
         $("#widget").on("keydown", "input", function (event) {
             if (event.which === 13) {
                 tryLogin();

@@ -23,6 +23,7 @@ function dialogButton(button, kind) {
 //   cancel    the second button, if there is one: {text: "Отмена", action: function}
 //   opened    called whenever the dialog opens
 //   other     the third, between the two: {text: ..., action: function}
+//   lock      whether it belongs to the screen lock, above all other dialogs
 function notice(name, options) {
     var body = $("<div class='modal-body'>");
     [].concat(options.text || []).forEach(function (line) {
@@ -42,6 +43,7 @@ function notice(name, options) {
     footer.append(dialogButton(accept, options.cancel ? "accept" : "accept cancel"));
     var dialog = $("<div class='modal fade' tabindex='-1' data-backdrop='static' data-keyboard='false'>")
         .attr("id", options.id || name)
+        .toggleClass("lock_dialog", Boolean(options.lock))
         .append(
             $("<div class='modal-dialog'>").append(
                 $("<div class='modal-content'>").append(

@@ -4,15 +4,12 @@
 //   id, group, field  ids of the dialog, of the field with its label, and of the field
 //   title             the bar's text
 //   accept            called with the password
-//   cancel            called by "Отмена"; without it the dialog can't be left
+//   cancel            called by "Отмена"; without it the dialog can't be left, and stays above others
 function buildPasswordDialog(options) {
     var field = $("<input type='password' class='form-control' placeholder='Пароль' autocomplete='off'>")
         .attr("id", options.field)
-        .on("keydown", function (event) {
-            if (event.which === 13) {
-                options.accept(field.val());
-                event.stopPropagation();
-            }
+        .on("input", function () {
+            showPasswordError("#" + options.group, false);
         });
     var footer = $("<div class='modal-footer'>");
     if (options.cancel) {
@@ -24,11 +21,13 @@ function buildPasswordDialog(options) {
     $("<button type='button' class='btn btn-primary accept'>")
         .text("Применить")
         .on("click", function () {
+            answers.wait("user/checkAccess", this);
             options.accept(field.val());
         })
         .appendTo(footer);
     $("<div class='modal' tabindex='-1' data-backdrop='static' data-keyboard='false'>")
         .attr("id", options.id)
+        .toggleClass("lock_dialog", !options.cancel)
         .append(
             $("<div class='modal-dialog'>").append(
                 $("<div class='modal-content'>").append(
@@ -36,7 +35,7 @@ function buildPasswordDialog(options) {
                     $("<div class='modal-body'>").append(
                         $("<div class='form-group'>")
                             .attr("id", options.group)
-                            .append($("<label class='control-label'>").text("Введите пароль!"), field)
+                            .append($("<label class='control-label'>").text("Введите пароль!"), field, $("<div class='help-block'>"))
                     ),
                     footer
                 )
@@ -45,18 +44,23 @@ function buildPasswordDialog(options) {
         .appendTo(regions.place());
 }
 
+function showPasswordError(group, isWrong) {
+    $(group).toggleClass("has-error", isWrong).find(".help-block").text(isWrong ? "Неправильный пароль" : "");
+}
+
 function openPasswordDialog(dialog, group) {
-    $(group).removeClass("has-error");
+    showPasswordError(group, false);
     $(dialog).modal("show");
 }
 
 function closePasswordDialog(dialog, group, field) {
     $(dialog).modal("hide");
-    $(group).removeClass("has-error");
+    showPasswordError(group, false);
     $(field).val("").blur();
 }
 
 function refusePassword(group, field) {
-    $(group).addClass("has-error");
+    showPasswordError(group, true);
     $(field).val("");
+    dialogs.giveFocus($(field)[0]);
 }

@@ -157,28 +157,26 @@ function replaySettings(replayed, action) {
 
 // The id of the playback that is active in the side menu, -1 if there is none.
 function activePlayback() {
-    var card = $("#playbackList .playback_active");
-    return card.length ? card.data("id") : -1;
+    const active = callPage("menu_activePlayback");
+    return active === undefined ? -1 : active;
 }
 
 // A transport button that can't act looks so.
 function updateTransport() {
-    var card = $("#playbackList .playback_active");
-    var isPaused = card.hasClass("paused");
-    $("#transport .btn, #transport input").prop("disabled", card.length === 0);
-    $("#play").prop("disabled", card.length === 0 || !isPaused);
-    $("#pause").prop("disabled", card.length === 0 || isPaused);
+    const isOff = activePlayback() === -1;
+    const isPaused = Boolean(callPage("menu_isPlaybackPaused"));
+    $("#transport .btn, #transport input").prop("disabled", isOff);
+    $("#transport #play").prop("disabled", isOff || !isPaused);
+    $("#transport #pause").prop("disabled", isOff || isPaused);
 }
 
 // The volume of the active playback, which may be told before the bar is there.
 function showVolume() {
-    $("#transport #volume_value")
-        .val($("#playback_page").data("volume") || 50)
-        .each(paintSlider);
+    setSlider("#transport #volume_value", $("#playback_page").data("volume") || 50);
 }
 
 function sendVolume() {
-    wrapper_Playback_SetVolume(activePlayback(), Number($("#volume_value").val()), "playback");
+    wrapper_Playback_SetVolume(activePlayback(), Number($("#transport #volume_value").val()), "playback");
 }
 
 function openNewPlayback() {
@@ -207,14 +205,14 @@ function buildTransport() {
             wrapperPausePlay(id, true);
         },
         mute: function () {
-            $("#volume_value").val(0).each(paintSlider);
+            setSlider("#transport #volume_value", 0);
             sendVolume();
         },
     };
     $("#transport").on("click", ".btn", function () {
         actions[this.id](activePlayback());
     });
-    $("#volume_value").on("mouseup", sendVolume).on("input", paintSlider);
+    onSliderSet($("#transport #volume_value"), sendVolume);
     showVolume();
     $("#new").on("click", openNewPlayback);
     updateTransport();

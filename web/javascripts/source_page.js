@@ -16,6 +16,7 @@ function sourcePage(options) {
 
     // Starts what is picked, on the ticked units, with the settings of the page.
     function start(strategy) {
+        answers.wait("playback/play", "#create");
         wrapperPlayPlaylistAndTrack(
             currentPlaylist,
             currentTrack,

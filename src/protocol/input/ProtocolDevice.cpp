@@ -70,6 +70,7 @@ void refreshDevice(Device& device, const QJsonObject& message)
     DeviceState::readVolume(set);
     sendFor(device.getId(), DeviceCommand::GetEqualizer);
     readPlayback(set);
+    device.setRead();
     if (device.getAvailableMemory() == 0 && device.getStatus() == DeviceOnline) {
         DeviceState::requestMemory(device.getId());
     }
@@ -102,6 +103,7 @@ void addDevice(int id, const QJsonObject& message)
     readHull(set);
     DeviceState::mergeLines(set);
     readPlayback(set);
+    device->setRead();
     if (Zone* const root = Data::getZoneById(Zone::serverRoot)) {
         ZoneMembership::include(*root, *device);
     }

@@ -6,6 +6,7 @@
 #include "model/User.h"
 #include "page/ScriptCall.h"
 #include "protocol/Request.h"
+#include "protocol/UserAccounts.h"
 #include "view/PasswordDigest.h"
 #include "view/SlotLog.h"
 
@@ -16,12 +17,6 @@ QString describe(const QString& name, const QString& title, const QString& roleN
 {
     return QStringLiteral(": ") + name + QLatin1String(", ") + title + QLatin1String(", ") +
            roleName;
-}
-
-void includeInRole(const QString& name, const QString& roleName)
-{
-    send(RoleCommand::Include,
-         {{QStringLiteral("user"), name}, {QStringLiteral("role"), roleName}});
 }
 
 } // namespace
@@ -55,11 +50,11 @@ void WebView::admin_addUser(const QString& name, const QString& title, const QSt
                             const QString& alarmPassword, const QString& roleName)
 {
     const SlotLog log("admin_addUser", describe(name, title, roleName), LogLevel::UserSettings);
+    includeInRoleOnceAdded(name, roleName);
     send(UserCommand::Add, {{QStringLiteral("name"), name},
                             {QStringLiteral("title"), title},
                             {QStringLiteral("password"), passwordDigest(password)},
                             {QStringLiteral("passwordForAlarm"), passwordDigest(alarmPassword)}});
-    includeInRole(name, roleName);
 }
 
 void WebView::admin_editUser(const QString& name, const QString& title, const QString& password,

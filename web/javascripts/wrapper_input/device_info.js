@@ -2,6 +2,7 @@
 
 (function () {
     const bandCount = 10;
+    const labelStates = ["state_offline", "state_incoming", "state_online"]; // by the link
 
     function shownDevice() {
         return Number($("#device_id").val());
@@ -28,29 +29,47 @@
         return $("<input type='range' class='slider'>").attr({id: id, min: minimum, max: maximum, step: step});
     }
 
+    // One band, upright, with its number below and its gain above. The field counts downwards.
+    function bandSlider(band) {
+        return $("<div class='equalizer_band'>").append(
+            $("<span class='band_gain digits'>"),
+            $("<span class='band_slider'>").append(
+                deviceSlider("device_equalizer_" + band, -6, 6, 1)
+                    .addClass("slider_turned")
+                    .attr({"data-unit": "дБ", title: "Полоса " + (band + 1)})
+                    .on("input", showGain)
+            ),
+            $("<span class='band_number quiet'>").text(band + 1)
+        );
+    }
+
+    function showGain() {
+        $(this).closest(".equalizer_band").find(".band_gain").text(sliderText(this).replace(" дБ", ""));
+    }
+
     function buildEqualizer() {
         var simple = $("<div id='device_equalizer_v2'>").append(
             $("<div class='panel_row'>").append(
                 $("<span class='panel_label'>").text("Нижние частоты"),
-                deviceSlider("device_bass", 0, 15, 1)
+                deviceSlider("device_bass", 0, 15, 1).attr("data-unit", "дБ")
             ),
             $("<div class='panel_row'>").append(
                 $("<span class='panel_label'>").text("Высокие частоты"),
-                deviceSlider("device_treble", -8, 7, 1.5)
+                deviceSlider("device_treble", -8, 7, 1.5).attr("data-unit", "дБ")
             )
         );
         var bands = $("<div class='equalizer_bands'>");
         for (var band = 0; band < bandCount; ++band) {
-            bands.append($("<span>").append(deviceSlider("device_equalizer_" + band, -6, 6, 1)));
+            bands.append(bandSlider(band));
         }
         var full = $("<div id='device_equalizer_v3' style='display: none'>").append(
-            $("<div class='panel_row'>").append($("<span class='panel_label'>").text("Эквалайзер"), bands)
+            $("<div class='panel_row'>").append($("<span class='panel_label'>").text("Эквалайзер, дБ"), bands)
         );
         $("#device_panel").append(simple, full);
-        simple.on("mouseup", "input", function () {
+        onSliderSet(simple.find("input"), function () {
             wrapper_device_setEqualizer(shownDevice(), [Number($("#device_bass").val()), Number($("#device_treble").val())]);
         });
-        full.on("mouseup", "input", function () {
+        onSliderSet(full.find("input"), function () {
             wrapper_device_setEqualizer(
                 shownDevice(),
                 bands
@@ -66,6 +85,7 @@
     function buildDevicePanel() {
         [
             ["Название", "name"],
+            ["Связь", "link"],
             ["Включен в зоны", "zone"],
             ["Аудио источник", "playlist"],
             ["Аудио данные", "track"],
@@ -77,16 +97,10 @@
         ].forEach(function (row) {
             addPanelRow(row[0], $("<div class='panel_value'>").attr("id", "device_" + row[1]));
         });
+        $("#device_lines, #device_akb, #device_220, #device_case").addClass("health_label");
         addPanelRow("Громкость", deviceSlider("device_volume", 0, 100, 1));
-        $("#device_volume").on("mouseup", function () {
-            wrapperSetDeviceVolume(shownDevice(), Number(this.value));
-        });
+        onSliderSet($("#main #device_volume"), (field) => wrapperSetDeviceVolume(shownDevice(), Number(field.value)));
         buildEqualizer();
-        $("#device_panel").on("input", "input", paintSlider);
-    }
-
-    function setSlider(selector, value) {
-        $(selector).val(value).each(paintSlider);
     }
 
     function lineState(state, isNew, editable) {
@@ -99,27 +113,52 @@
         return {text: editable ? "Отключено" : "Ошибка", style: "state_offline"};
     }
 
-    function zoneRowText(name, parentName) {
-        return parentName + "/" + name;
+    function zoneRow(id) {
+        return $("#device_zone #zone_" + id);
+    }
+
+    function showZonePath(row, name, parentName) {
+        row.data("name", name).text(parentName + "/" + name);
     }
 
     function clearDevicePage() {
         $("#device_zone .zone_row").hide();
         $("#line_control, #scenario_tbody").empty();
         $("#device_id").val(0);
-        $("#device_name, #device_playlist, #device_track, #device_schedule, #device_akb, #device_220, #device_case").text("--");
-        setSlider("#device_treble, #device_bass, #device_volume", 0);
+        $("#device_panel").addClass("unread");
+        $("#device_panel .panel_value").not("#device_zone").text("--").attr("title", "").removeClass(labelStates.join(" "));
+        setSlider("#device_treble, #device_bass, #main #device_volume", 0);
+        $("#device_panel input").prop("disabled", true);
+        $("#messagesAndScenarios").show();
+        $("#messagesAndScenariosStop").hide();
+    }
+
+    // A label that tells a fault looks so.
+    function setHealthLabel(id, label, isGood, text) {
+        setDeviceLabel(id, label, text);
+        if (isDeviceShown(id)) {
+            setOneClass("#device_" + label, labelStates, isGood ? "state_online" : "state_offline");
+        }
     }
 
     function showLink(id, status) {
         if (isDeviceShown(id)) {
-            $("#device_treble, #device_bass, #device_volume").prop("disabled", status !== 2);
+            setDeviceLabel(id, "link", linkStates[status].word);
+            setOneClass("#device_link", labelStates, labelStates[status]);
+            $("#device_treble, #device_bass, #main #device_volume").prop("disabled", status !== 2);
         }
     }
 
     page({
         wrapperInput_device_setId: function (id) {
             $("#device_id").val(id);
+            $("#device_panel").addClass("unread");
+        },
+        // What a unit's health is isn't known before its state has come.
+        wrapperInput_device_setRead: function (id) {
+            if (isDeviceShown(id)) {
+                $("#device_panel").removeClass("unread");
+            }
         },
         wrapperInput_device_linkOn: function (id) {
             showLink(id, 2);
@@ -141,7 +180,7 @@
         },
         wrapperInput_device_setVolume: function (id, volume) {
             if (isDeviceShown(id)) {
-                setSlider("#device_volume", volume);
+                setSlider("#main #device_volume", volume);
             }
         },
         deviceInfo_setAudioPlaylist: function (playlist) {
@@ -158,16 +197,16 @@
             setDeviceLabel(id, "schedule", taskId > 0 ? title : "--");
         },
         wrapperInput_device_setLinesStatus: function (id, status) {
-            setDeviceLabel(id, "lines", status === 1 ? "Нормально" : "Ошибка");
+            setHealthLabel(id, "lines", status === 1, status === 1 ? "Нормально" : "Ошибка");
         },
         wrapperInput_device_setBatteryLevel: function (id, value) {
-            setDeviceLabel(id, "akb", value > 0 ? value + "%" : "Отсутствует");
+            setHealthLabel(id, "akb", value > 0, value > 0 ? value + "%" : "Отсутствует");
         },
         wrapperInput_device_setPower: function (id, status) {
-            setDeviceLabel(id, "220", status === 1 ? "Нормально" : "Отсутствует");
+            setHealthLabel(id, "220", status === 1, status === 1 ? "Нормально" : "Отсутствует");
         },
         wrapperInput_device_setHull: function (id, status) {
-            setDeviceLabel(id, "case", status === 1 ? "Закрыта" : "Открыта");
+            setHealthLabel(id, "case", status === 1, status === 1 ? "Закрыта" : "Открыта");
         },
         wrapperInput_device_setEqualizer: function (id, band, value) {
             if (!isDeviceShown(id)) {
@@ -177,6 +216,7 @@
                 setSlider(["#device_bass", "#device_treble"][band], value);
             }
             setSlider("#device_equalizer_" + band, -value);
+            $("#device_equalizer_" + band).each(showGain);
         },
         wrapperInput_device_setEqualizerEnabled: function (id, status) {
             if (isDeviceShown(id)) {
@@ -214,7 +254,7 @@
                         $("<button type='button' class='btn btn-default icon_button' title='Воспроизвести'>")
                             .append($("<i class='fa fa-play'>"))
                             .on("click", function () {
-                                deviceInfo_playInsideAudio(position, 1);
+                                deviceInfo_playInsideAudio(Number($(this).closest("tr").attr("id").substr("scenario_".length)), 1);
                             })
                     )
                 )
@@ -223,6 +263,12 @@
         wrapperInput_device_deleteScenario: function (id, position) {
             if (isDeviceShown(id)) {
                 $("#scenario_" + position).remove();
+            }
+        },
+        // The entries behind one that goes move up.
+        wrapperInput_device_setScenarioId: function (id, oldPosition, position) {
+            if (isDeviceShown(id)) {
+                $("#scenario_" + oldPosition).attr("id", "scenario_" + position).children().first().text(position + 1);
             }
         },
         deviceInfo_cleanScenarioList: function () {
@@ -271,30 +317,35 @@
             wrapperInput_deviceLine_setState(deviceId, id, state, isNew, editable);
         },
         wrapperInput_zone_add: function (id, parentId, name, parentName, type) {
-            if (id === 1 || $("#device_zone #zone_" + id).length) {
+            if (id === 1) {
                 return;
             }
-            $("<div class='zone_row'>")
-                .attr("id", "zone_" + id)
-                .addClass(type === 0 ? "state_online" : "state_incoming")
-                .text(zoneRowText(name, parentName))
-                .hide()
-                .appendTo("#device_zone");
+            if (zoneRow(id).length === 0) {
+                $("<div class='zone_row'>").attr("id", "zone_" + id).hide().appendTo("#device_zone");
+            }
+            setOneClass(zoneRow(id), ["state_online", "state_incoming"], type === 0 ? "state_online" : "state_incoming");
+            showZonePath(zoneRow(id).data("parent", parentId), name, parentName);
         },
+        // The zones below it have its name in their paths.
         wrapperInput_zone_setName: function (id, name, parentName) {
-            $("#device_zone #zone_" + id).text(zoneRowText(name, parentName));
+            showZonePath(zoneRow(id), name, parentName);
+            $("#device_zone .zone_row").each(function () {
+                if ($(this).data("parent") === id) {
+                    showZonePath($(this), $(this).data("name"), name);
+                }
+            });
         },
         wrapperInput_zone_delete: function (id) {
-            $("#device_zone #zone_" + id).remove();
+            zoneRow(id).remove();
         },
         wrapperInput_zone_includeDevice: function (zoneId, deviceId) {
             if (isDeviceShown(deviceId)) {
-                $("#device_zone #zone_" + zoneId).show();
+                zoneRow(zoneId).show();
             }
         },
         wrapperInput_zone_excludeDevice: function (zoneId, deviceId) {
             if (isDeviceShown(deviceId)) {
-                $("#device_zone #zone_" + zoneId).hide();
+                zoneRow(zoneId).hide();
             }
         },
         deviceInfo_clearZones: function () {
@@ -303,10 +354,11 @@
     });
 
     buildDevicePanel();
+    clearDevicePage();
     $("#stop_inside_audio").on("click", () => deviceInfo_stopInsideAudio());
     wrapperLoadDeviceInfoZoneList();
     wrapper_Global_loadPermissions();
-    if ($("#side_menu .device_menu").length) {
+    if (callPage("menu_hasUnits")) {
         wrapperLoadCurrentDeviceInfo(deviceForLoad);
     }
 })();

@@ -2,75 +2,66 @@
 
 (function () {
     const states = ["offline", "incoming", "online"];
-    const activeStates = ["offline_active", "incoming_active", "online_active"];
 
-    function isActive(id) {
-        return $("#device_menu_" + id).is("." + activeStates.join(",."));
+    function paintState(parts, item) {
+        const state = states[item.status];
+        parts.root.className = "device_menu " + state + (item.active ? " " + state + "_active" : "");
+        parts.root.title = item.name + ": " + linkStates[item.status].word;
     }
+
+    const units = itemList({
+        list: "#deviceList",
+        scroller: "#side_menu",
+        region: "#side_menu",
+        template:
+            "<div data-part='menu'><span data-part='playing'></span><span class='device_menu_text'>" +
+            "<span class='ellipsis' data-part='name'></span>" +
+            "<span class='tile_volume'><div data-part='volume'></div></span></span></div>",
+        prefix: "device_",
+        paint: {
+            name: [paintState, (parts, item) => (parts.name.textContent = item.name)],
+            status: [paintState],
+            active: [paintState],
+            volume: [(parts, item) => (parts.volume.style.width = item.volume + "%")],
+            category: [paintPlaying],
+        },
+        actions: {open: (id) => wrapperLoadCurrentDeviceInfo(id)},
+        changed: () => $("#side_menu .empty_list").toggleClass("hidden", units.counts.all > 0),
+    });
 
     function activate(id) {
         deviceForLoad = id;
-        states.forEach((state) => {
-            $(".device_menu." + state).removeClass(state + "_active");
-            $("#device_menu_" + id + "." + state).addClass(state + "_active");
-        });
-    }
-
-    function showLink(id, status) {
-        const shown = isActive(id);
-        setOneClass("#device_menu_" + id, states.concat(activeStates), states[status]);
-        $("#device_menu_" + id).toggleClass(activeStates[status], shown);
+        units.activate(id);
+        units.reveal(id);
     }
 
     page({
         wrapperInput_device_add: function (id, name, status, volume, playback) {
-            if ($("#device_menu_" + id).length) {
-                return;
-            }
-            $("<div class='device_menu'>")
-                .attr({id: "device_menu_" + id, title: name})
-                .addClass(states[status])
-                .toggleClass(activeStates[status], id === deviceForLoad)
-                .append(
-                    $("<span class='btn tile_icon fa'>").attr("id", "device_playing_" + id).addClass(getPlaybackIcon(playback)),
-                    $("<span class='device_menu_text'>").append(
-                        $("<span class='ellipsis'>").attr("id", "device_name_" + id).text(name),
-                        $("<span class='tile_volume'>").append($("<div>").attr("id", "device_volume_" + id).css("width", volume + "%"))
-                    )
-                )
-                .on("click", () => wrapperLoadCurrentDeviceInfo(id))
-                .appendTo("#deviceList");
-            if (id === deviceForLoad) {
+            const isNew = !units.has(id);
+            units.add(id, {name: name, status: status, volume: volume, category: playback});
+            if (isNew && id === deviceForLoad) {
+                activate(id);
                 wrapperLoadCurrentDeviceInfo(id);
             }
         },
         wrapperInput_device_setId: activate,
-        wrapperInput_device_linkOn: function (id) {
-            showLink(id, 2);
-        },
-        wrapperInput_device_linkIncoming: function (id) {
-            showLink(id, 1);
-        },
-        wrapperInput_device_linkOff: function (id) {
-            showLink(id, 0);
-        },
-        wrapperInput_device_setName: function (id, name) {
-            $("#side_menu #device_name_" + id).text(name);
-            $("#device_menu_" + id).attr("title", name);
-        },
-        wrapperInput_device_setVolume: function (id, volume) {
-            $("#side_menu #device_volume_" + id).css("width", volume + "%");
-        },
+        wrapperInput_device_linkOn: (id) => units.set(id, "status", 2),
+        wrapperInput_device_linkIncoming: (id) => units.set(id, "status", 1),
+        wrapperInput_device_linkOff: (id) => units.set(id, "status", 0),
+        wrapperInput_device_setName: (id, name) => units.set(id, "name", name),
+        wrapperInput_device_setVolume: (id, volume) => units.set(id, "volume", volume),
         // The next one is active at once: the mirror may be ahead, and it may have gone there, too.
+        // Then nothing answers, and its own deletion leads on from it.
         wrapperInput_device_delete: function (id) {
-            const wasActive = isActive(id);
-            $("#device_menu_" + id).remove();
-            const next = $("#deviceList .device_menu").first();
-            if (wasActive && next.length) {
-                activate(Number(next.attr("id").substr("device_menu_".length)));
-                wrapperLoadCurrentDeviceInfo(deviceForLoad);
+            const wasActive = units.active !== null && units.active.id === id;
+            units.remove(id);
+            const next = units.first();
+            if (wasActive && next) {
+                activate(next.id);
+                wrapperLoadCurrentDeviceInfo(next.id);
             }
         },
+        menu_hasUnits: () => units.counts.all > 0,
     });
     wrapper_Device_LoadSideList();
 })();

@@ -2,7 +2,7 @@
 
 (function () {
     function showZone(id) {
-        showCardsOfZone(".device_online", id);
+        showCards((item) => item.status === 2, id);
     }
 
     sourcePage({

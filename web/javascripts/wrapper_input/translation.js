@@ -68,6 +68,7 @@
                 } else if (selectedDevices().length === 0) {
                     modalSelectingKelpasShow();
                 } else {
+                    answers.wait("playback/play", "#gongRow .btn");
                     wrapperPlayPlaylistAndTrack(gongCategory, Number(gong), selectedDevices().join(), "overlap", "track", 1, "stop");
                 }
             },

@@ -2,8 +2,66 @@
 // the same ids, so this one looks for its own in itself.
 
 (function () {
+    const activeZones = ".zone_active, .zone_hard_active, .zone_logic_active";
+
     function own(name, id) {
         return $("#side_menu #" + name + "_" + id);
+    }
+
+    // How many units each zone has, those of the zones below it included.
+    const zones = new Map(); // per zone: {parent, count, label}
+    const counted = new Map(); // per unit, the zones that it counts in
+
+    function zonesAbove(unit) {
+        const above = new Set([0]);
+        unit.zones.forEach((zone) => {
+            for (let id = zone; zones.has(id) && !above.has(id); id = zones.get(id).parent) {
+                above.add(id);
+            }
+        });
+        return above;
+    }
+
+    function addToCount(id, step) {
+        const zone = zones.get(id);
+        if (zone) {
+            zone.count += step;
+            zone.label.textContent = zone.count;
+        }
+    }
+
+    function countUnit(id) {
+        const unit = cards && cards.list ? cards.list.get(id) : undefined;
+        const before = counted.get(id) || new Set();
+        const now = unit ? zonesAbove(unit) : new Set();
+        before.forEach((zone) => now.has(zone) || addToCount(zone, -1));
+        now.forEach((zone) => before.has(zone) || addToCount(zone, 1));
+        counted.delete(id);
+        if (unit) {
+            counted.set(id, now);
+        }
+    }
+
+    // Begins anew: another page's units, or another tree of zones.
+    function countAll() {
+        counted.clear();
+        zones.forEach((zone) => (zone.label.textContent = zone.count = 0));
+        if (cards && cards.list) {
+            cards.list.items.forEach((unit) => countUnit(unit.id));
+        }
+    }
+
+    function forgetZone(id) {
+        zones.forEach((zone) => (zone.parent = zone.parent === id ? 0 : zone.parent));
+        zones.delete(id);
+        countAll();
+    }
+
+    // The label of a zone's count.
+    function zoneCount(id) {
+        const label = $("<span class='zone_count digits'>").attr("title", "Устройств, со вложенными зонами").text("0");
+        zones.set(id, {parent: 0, count: 0, label: label[0]});
+        return label;
     }
 
     // A zone without zones below has nothing to expand.
@@ -25,7 +83,8 @@
                 $("<i class='fa fa-volume-up zone_expand'>")
                     .attr("id", "zone_expand_" + id)
                     .on("click", (event) => menu_ZoneExpand(id, event)),
-                $("<span class='zone_name ellipsis'>").attr("id", "zone_name_" + id).text(name)
+                $("<span class='zone_name ellipsis'>").attr("id", "zone_name_" + id).text(name),
+                zoneCount(id)
             )
             .on("click", () => menu_ZoneSelect(id))
             .add($("<div class='sub_zone'>").attr("id", "sub_zone_" + id));
@@ -49,19 +108,25 @@
             place.append(own("zone", id), own("sub_zone", id));
             showExpander(formerParent);
             showExpander(parentId);
+            zones.get(id).parent = Number(place.attr("id").substr("sub_zone_".length));
+            countAll();
         }
     }
 
     page({
+        menu_countUnit: countUnit,
+        menu_countAll: countAll,
+        menu_unitsOfZone: (id) => (zones.has(id) ? zones.get(id).count : 0),
+        menu_chosenZone: () => Number(($("#zone_menu").find(activeZones).attr("id") || "zone_0").substr("zone_".length)),
         menu_ZoneAdd: function (id, name) {
             $("#zone_menu").append(
                 $("<div class='zone zone_active'>")
                     .attr("id", "zone_" + id)
-                    .append($("<i class='fa fa-volume-up'>"), $("<span class='zone_name ellipsis'>").text(name))
+                    .append($("<i class='fa fa-volume-up'>"), $("<span class='zone_name ellipsis'>").text(name), zoneCount(id))
                     .on("click", () => menu_ZoneSelectAll()),
                 $("<div>").attr("id", "sub_zone_" + id)
             );
-            showCardsOfZone(".zone_device", 0);
+            showCardsOfZone(0);
         },
         // A known one moves or changes its colour where its parent or its type has changed.
         wrapperInput_zone_add: function (id, parentId, name, parentName, type) {
@@ -82,19 +147,20 @@
             own("sub_zone", id).children().appendTo(own("sub_zone", 0));
             own("zone", id).add(own("sub_zone", id)).remove();
             showExpander(parentId);
+            forgetZone(id);
             if (wasActive) {
                 menu_ZoneSelectAll();
             }
         },
         menu_ZoneSelect: function (id) {
             var zone = own("zone", id);
-            $(".zone").removeClass("zone_active zone_hard_active zone_logic_active");
+            $("#zone_menu .zone").removeClass("zone_active zone_hard_active zone_logic_active");
             if (id === 0) {
                 zone.addClass("zone_active");
             } else {
                 zone.addClass(zone.hasClass("zone_hard") ? "zone_hard_active" : "zone_logic_active");
             }
-            showCardsOfZone(".zone_device", id);
+            showCardsOfZone(id);
         },
         menu_ZoneSelectAll: function () {
             menu_ZoneSelect(0);
@@ -110,5 +176,6 @@
     });
 
     menu_ZoneAdd(0, "Все зоны");
+    countAll();
     wrapperLoadZoneList();
 })();
