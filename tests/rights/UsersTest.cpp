@@ -225,10 +225,10 @@ void UsersTest::refusals_data()
     };
     row("add error", UserCommand::Add, "modalAdminAddUserError();");
     row("add titleExists", UserCommand::Add, "modalAdminTitleExists();");
-    row("add forbidden", UserCommand::Add, "");
+    row("add forbidden", UserCommand::Add, "modalForbiddenShow();");
     row("edit error", UserCommand::Edit, "modalAdminEditUserError();");
     row("edit titleExists", UserCommand::Edit, "modalAdminTitleExists();");
-    row("edit forbidden", UserCommand::Edit, "");
+    row("edit forbidden", UserCommand::Edit, "modalForbiddenShow();");
     row("delete error", UserCommand::Delete, "");
     row("list error", UserCommand::List, "");
 }
