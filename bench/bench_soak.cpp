@@ -24,12 +24,8 @@ constexpr int stormsPerSecond = 10;
 constexpr int probeMilliseconds = 50;
 
 const char* const pages[] = {
-    "loadHomePage()",
-    "$('#playlist').click()",
-    "wrapperLoadDeviceInfo(1)",
-    "loadHomePage()",
-    "$('#microphone').click()",
-    "$('#menu_admin').click()",
+    "loadHomePage()", "$('#playlist').click()",   "wrapperLoadDeviceInfo(1)",
+    "loadHomePage()", "$('#microphone').click()", "$('#menu_admin').click()",
 };
 
 [[noreturn]] void fail(const char* text)
@@ -77,7 +73,8 @@ public:
     qint64 percentile(int percent)
     {
         std::sort(waits.begin(), waits.end());
-        return waits.empty() ? 0 : waits[(waits.size() - 1) * static_cast<std::size_t>(percent) / 100];
+        return waits.empty() ? 0
+                             : waits[(waits.size() - 1) * static_cast<std::size_t>(percent) / 100];
     }
 
 private:
@@ -121,8 +118,7 @@ void changePages(Measure::Report& report, Console& console, DemoServer& server, 
         }
     }
     report.line("a click waited  %d ms at the median, %d at the 99th percentile\n",
-                static_cast<int>(probe.percentile(50)),
-                static_cast<int>(probe.percentile(99)));
+                static_cast<int>(probe.percentile(50)), static_cast<int>(probe.percentile(99)));
 }
 
 void comeAndGo(Measure::Report& report, Console& console, int logins)
