@@ -95,8 +95,7 @@ QMap<QString, QString> readTree(const QString& folder, const QStringList& filter
 QMap<QString, int> nativeCalls(const QMap<QString, QString>& sources)
 {
     static const QRegularExpression call(QStringLiteral("Page::call\\(\\s*\"(\\w+)\""));
-    static const QRegularExpression name(
-        QStringLiteral("\"((?:wrapperInput_|deviceInfo_|modal[A-Z_])\\w+)\""));
+    static const QRegularExpression name(QStringLiteral("\"((?:wrapperInput_|modal[A-Z])\\w+)\""));
     QMap<QString, int> result;
     for (const QString& text : sources) {
         auto names = name.globalMatch(text);

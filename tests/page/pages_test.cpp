@@ -60,7 +60,117 @@ constexpr PageRow pageRows[] = {
 };
 
 /// What native code tells of a subject, but not every page that shows something of it shows.
-const QMap<QString, QString> notOnEveryPage = {};
+struct Exception {
+    const char* pages; ///< those that do hear it, with "|" between; none where the page is to come
+    const char* reason;
+    QStringList names;
+};
+
+const QVector<Exception> exceptions = {
+    {"",
+     "the pages of administration that show a unit's settings and memory are to come",
+     {"wrapperInput_device_addMessage",
+      "wrapperInput_device_deleteMessage",
+      "wrapperInput_device_setAllowedCommandIp",
+      "wrapperInput_device_setAvailableMemory",
+      "wrapperInput_device_setCommandPort",
+      "wrapperInput_device_setDHCP",
+      "wrapperInput_device_setGateway",
+      "wrapperInput_device_setIp",
+      "wrapperInput_device_setLineJoined",
+      "wrapperInput_device_setMac",
+      "wrapperInput_device_setMessageId",
+      "wrapperInput_device_setMulticastAIN0",
+      "wrapperInput_device_setMulticastAIN1",
+      "wrapperInput_device_setMulticastIp",
+      "wrapperInput_device_setMulticastListen",
+      "wrapperInput_device_setNetworkMask",
+      "wrapperInput_device_setPriorityAIN0",
+      "wrapperInput_device_setPriorityAIN1",
+      "wrapperInput_device_setPriorityListen",
+      "wrapperInput_device_setPriorityScenario",
+      "wrapperInput_device_setPriorityStream",
+      "wrapperInput_device_setTavrinAddress",
+      "wrapperInput_device_setTavrinErrorIndication",
+      "wrapperInput_device_setTavrinRelayControl",
+      "wrapperInput_device_setTavrinRelayEvent"}},
+    {"unit",
+     "only the page of one unit shows it",
+     {"wrapperInput_device_addScenario", "wrapperInput_device_deleteScenario",
+      "wrapperInput_device_setEqualizer", "wrapperInput_device_setEqualizerEnabled",
+      "wrapperInput_device_setId", "wrapperInput_device_setPlaybackInfo",
+      "wrapperInput_device_setScenarioId", "wrapperInput_device_setVersion"}},
+    {"home", "the page of one unit says it by the level", {"wrapperInput_device_setBattery"}},
+    {"home|unit",
+     "the cards of the other pages leave the health out",
+     {"wrapperInput_device_setBatteryLevel", "wrapperInput_device_setHull",
+      "wrapperInput_device_setLinesStatus", "wrapperInput_device_setPower"}},
+    {"home|playbacks|new playback|microphone|alarm messages|alarm broadcast",
+     "the list beside a unit stays as it was built",
+     {"wrapperInput_device_setPlayback", "wrapperInput_device_setPlaybackCategory"}},
+    {"playbacks",
+     "only the page of the running playbacks shows them",
+     {"wrapperInput_playback_add", "wrapperInput_playback_setCurrentTrack",
+      "wrapperInput_playback_setPlaying", "wrapperInput_playback_setTimeshift",
+      "wrapperInput_playback_stop"}},
+    {"microphone", "only its dialog has the slider", {"wrapperInput_playback_setMicrophoneVolume"}},
+    {"playbacks|new playback|alarm messages|alarm broadcast",
+     "pages without tracks",
+     {"wrapperInput_playback_addItem", "wrapperInput_playback_deleteTrack",
+      "wrapperInput_playback_setTrackName"}},
+    {"playbacks|new playback|alarm messages",
+     "pages without folders",
+     {"wrapperInput_playback_clearItems", "wrapperInput_playback_setPlaylistDuration",
+      "wrapperInput_playback_setPlaylistName", "wrapperInput_playback_setTrackDuration"}},
+    {"new playback|alarm messages",
+     "the tracks of a playback's folder go one by one",
+     {"wrapperInput_playback_deletePlaylist"}},
+    {"users",
+     "only the side menu of the administration goes by these rights",
+     {"wrapperInput_roleGlobal_editDeviceManagement",
+      "wrapperInput_roleGlobal_editPlaybackManagement",
+      "wrapperInput_roleGlobal_editPresetManagement", "wrapperInput_roleGlobal_editRoleManagement",
+      "wrapperInput_roleGlobal_editScheduleManagement",
+      "wrapperInput_roleGlobal_editServerManagement", "wrapperInput_roleGlobal_editUserManagement",
+      "wrapperInput_roleGlobal_editZoneManagement"}},
+    {"",
+     "the page of roles is to come",
+     {"wrapperInput_role_cleanPlaylists",
+      "wrapperInput_role_cleanPresets",
+      "wrapperInput_role_cleanTasks",
+      "wrapperInput_role_cleanZones",
+      "wrapperInput_role_editDeviceManagement",
+      "wrapperInput_role_editMicrophone",
+      "wrapperInput_role_editMicrophoneAlarm",
+      "wrapperInput_role_editPlaybackManagement",
+      "wrapperInput_role_editPresetManagement",
+      "wrapperInput_role_editRoleManagement",
+      "wrapperInput_role_editScheduleManagement",
+      "wrapperInput_role_editServerManagement",
+      "wrapperInput_role_editUserManagement",
+      "wrapperInput_role_editZoneManagement",
+      "wrapperInput_role_reloadPermissions",
+      "wrapperInput_role_select",
+      "wrapperInput_role_selectPlaylist",
+      "wrapperInput_role_selectPreset",
+      "wrapperInput_role_selectTask",
+      "wrapperInput_role_selectZone"}},
+};
+
+QString subjectOf(const QString& function)
+{
+    return function.section('_', 0, 1);
+}
+
+bool mustHear(const PageRow& page, const QString& function)
+{
+    for (const Exception& exception : exceptions) {
+        if (exception.names.contains(function)) {
+            return QString::fromLatin1(exception.pages).split('|').contains(page.name);
+        }
+    }
+    return true;
+}
 
 } // namespace
 
@@ -74,8 +184,7 @@ private Q_SLOTS:
     void initTestCase();
     void pageIsTheSameAfterAnyOther_data();
     void pageIsTheSameAfterAnyOther();
-    void pageHearsWhatConcernsIt_data();
-    void pageHearsWhatConcernsIt();
+    void pagesHearWhatConcernsThem();
     void nameIsDeclaredOnceInARegion();
 
 private:
@@ -83,6 +192,7 @@ private:
     void open(const PageRow& page);
     bool hasSettled() const;
     QStringList looks(const PageRow& page) const;
+    QJsonObject declared() const;
 };
 
 void PagesTest::initTestCase()
@@ -188,43 +298,42 @@ void PagesTest::pageIsTheSameAfterAnyOther()
     QCOMPARE(looks(page), fresh[second]);
 }
 
-void PagesTest::pageHearsWhatConcernsIt_data()
+/// The regions and numbers of arguments of what the page on show answers to.
+QJsonObject PagesTest::declared() const
 {
-    QTest::addColumn<int>("row");
-    for (std::size_t row = 0; row < std::size(pageRows); ++row) {
-        QTest::newRow(pageRows[row].name) << static_cast<int>(row);
-    }
+    return QJsonDocument::fromJson(text("JSON.stringify(regions.declared())").toUtf8()).object();
 }
 
 /// A page that shows something of a subject, such as units, hears all that native code tells of it,
-/// and takes no more arguments than it gets.
-void PagesTest::pageHearsWhatConcernsIt()
+/// but for the exceptions, and takes no more arguments than it gets.
+void PagesTest::pagesHearWhatConcernsThem()
 {
-    QFETCH(int, row);
-    const PageRow& page = pageRows[row];
-    open(page);
-    QVERIFY(hasSettled());
-    const QByteArray json = text("JSON.stringify(regions.declared())").toUtf8();
-    const QJsonObject declared = QJsonDocument::fromJson(json).object();
     const QMap<QString, int> calls = SourceScan::nativeCalls(
         SourceScan::readTree(QStringLiteral(SOURCE_FOLDER), {"*.cpp", "*.h"}));
-    QSet<QString> subjects;
     QStringList faults;
-    for (auto name = declared.begin(); name != declared.end(); ++name) {
-        subjects.insert(name.key().section('_', 0, 1));
-        const QJsonObject regions = name.value().toObject();
-        for (auto region = regions.begin(); region != regions.end(); ++region) {
-            const int given = calls.value(name.key(), -1);
-            if (given >= 0 && region.value().toInt() > given) {
-                faults.append(name.key() + " takes more arguments than it gets");
+    for (const PageRow& page : pageRows) {
+        open(page);
+        QVERIFY(hasSettled());
+        const QJsonObject functions = declared();
+        QSet<QString> subjects;
+        for (auto function = functions.begin(); function != functions.end(); ++function) {
+            subjects.insert(subjectOf(function.key()));
+            const QVariantMap counts = function.value().toObject().toVariantMap();
+            const int given = calls.value(function.key(), -1);
+            for (const QVariant& taken : counts) {
+                if (given >= 0 && taken.toInt() > given) {
+                    faults.append(function.key() + " takes more arguments than it gets");
+                }
             }
         }
-    }
-    for (auto call = calls.begin(); call != calls.end(); ++call) {
-        if (call.key().startsWith("wrapperInput_") &&
-            subjects.contains(call.key().section('_', 0, 1)) && !declared.contains(call.key()) &&
-            !notOnEveryPage.contains(call.key())) {
-            faults.append(call.key() + " isn't heard");
+        for (auto call = calls.begin(); call != calls.end(); ++call) {
+            const bool concerns =
+                call.key().startsWith("wrapperInput_") && subjects.contains(subjectOf(call.key()));
+            const bool isHeard = functions.contains(call.key());
+            if (concerns && isHeard != mustHear(page, call.key())) {
+                faults.append(QStringLiteral("%1: %2 is%3 heard")
+                                  .arg(page.name, call.key(), isHeard ? "" : "n't"));
+            }
         }
     }
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));

@@ -137,7 +137,7 @@ void SessionTest::volumeFollowsTheAnswer()
 {
     const QString volumes =
         "$('.tile_select.fa-check-square-o').closest('.tile').find('.tile_volume div').toArray()"
-        ".map(function (bar) { return $(bar).data('value'); }).join()";
+        ".map(function (bar) { return bar.getAttribute('data-value'); }).join()";
     console->value("$('#volume_value').val(37).mouseup()");
     QVERIFY(console->text(volumes) != "37,37,37");
     QVERIFY(console->waitFor(volumes + " === '37,37,37'"));

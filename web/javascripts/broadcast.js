@@ -113,6 +113,10 @@ function buildBroadcastDialog(type, hasVolume) {
         title: "Ошибка",
         text: "Произошла ошибка при запуске трансляции",
     });
+    notice("modalAudioTranslationStopError", {
+        title: "Ошибка",
+        text: "Сервер отказал в остановке трансляции. Микрофон выключен.",
+    });
     notice("modalAudioTranslationEndedByAnotherUser", {
         title: "Уведомление",
         text: "Вещание остановлено другим пользователем.",
