@@ -150,7 +150,8 @@ void OperationTest::usersAreAddedChangedAndDeleted()
         console->waitFor("$('#userList tr').length === 5 && !$('#modalAddUser').is(':visible')"));
     console->value("$('#userList tr:last').click()");
     QVERIFY(console->waitFor("$('#user_role').val() === 'guards'"));
-    console->value("$('#user_title').val('Смена 2'); $('#user_role').val('viewers')");
+    console->value("$('#user_title').val('Смена 2'); "
+                   "$('#user_role').val('viewers').trigger('select2:select')");
     click("#save");
     QVERIFY(console->waitFor("$('#modalAdminEditUser').hasClass('in')"));
     QVERIFY(console->waitFor("$('#userList tr:last td:first').text() === 'Смена 2'"));

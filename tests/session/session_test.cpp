@@ -186,6 +186,7 @@ void SessionTest::lostConnectionReturnsToTheLoginPage()
 
 void SessionTest::noServerIsTold()
 {
+    QVERIFY(console->waitFor("$('#serverSelect option').length > 0"));
     console->value("$('#serverSelect').empty()");
     console->logIn("admin", "admin");
     QVERIFY(console->waitFor(modalOpen("modalNoServer")));
