@@ -2,6 +2,7 @@
 
 Logger& Log::logger()
 {
-    static Logger theLogger;
+    // It is never taken down: what ends behind `main` may still have something to say.
+    static Logger& theLogger = *new Logger;
     return theLogger;
 }
