@@ -2,7 +2,6 @@
 
 Logger& Log::logger()
 {
-    // It is never taken down: what ends behind `main` may still have something to say.
-    static Logger& theLogger = *new Logger;
+    static Logger theLogger;
     return theLogger;
 }
