@@ -378,6 +378,7 @@ void TcpClient::close()
     splitter.clear();
     isReadingAside = false;
     readObject.reset();
+    gathered.reset(); // the event loop may not come round any more
     waitingAnswers = 0;
     writeTimer.stop();
     peerWatch.stop();
