@@ -382,7 +382,6 @@ void TcpClient::close()
     waitingAnswers = 0;
     writeTimer.stop();
     peerWatch.stop();
-    gathered.reset(); // the log may be gone before this object is
     if (onClose) {
         onClose();
     }

@@ -170,6 +170,19 @@ const dialogs = (function () {
         }
     }
 
+    // A key belongs to what was on top when it went down. The dialog that it has opened, or the button
+    // below the one that it has closed, doesn't hear the rest of it.
+    let pressedIn = null;
+
+    function keepRestOfKey(event) {
+        if (event.type === "keydown") {
+            pressedIn = top();
+        } else if (pressedIn !== null && pressedIn !== top()) {
+            event.preventDefault();
+        }
+    }
+
+    ["keydown", "keypress", "keyup"].forEach((name) => window.addEventListener(name, keepRestOfKey, true));
     ["keydown", "keypress", "keyup", "input", "mousedown", "mouseup", "click", "dblclick", "wheel", "dragstart"].forEach(function (name) {
         window.addEventListener(name, keepAway, true);
     });
