@@ -44,6 +44,8 @@ int Data::port = 0;
 int Data::localPort = 0;
 bool Data::blockStatus = false;
 bool Data::userRoleChanged = false;
+QString Data::loginMessage;
+bool Data::leaving = false;
 bool Data::waitForExit = false;
 int Data::waitForAlarm = 0;
 quint8 Data::serverLogLevel = 0;
@@ -130,6 +132,7 @@ Track* Data::getFirstTrackInPlaylist(int playlistId)
 void Data::clearSession()
 {
     waitForAlarm = 0;
+    leaving = false;
     waitForExit = false;
     userList.clear();
     roleList.clear();

@@ -71,6 +71,8 @@ public:
     static int localPort;        ///< local port of the connection, the prefix of log lines
     static bool blockStatus;     ///< the screen lock is on
     static bool userRoleChanged; ///< the next page load says so; outlives the session
+    static QString loginMessage; ///< the next login page says so in a line; outlives the session
+    static bool leaving;         ///< a logout was sent: the end of the connection is no loss
     static bool waitForExit;     ///< a logout was sent in order to leave the program
     static int waitForAlarm;     ///< which access check is pending
     static quint8 serverLogLevel;

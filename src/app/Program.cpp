@@ -132,6 +132,9 @@ void Program::endSession()
 {
     audioManager.release();
     webView.stopTimers();
+    if (Data::tcpClient.hasLostConnection() && !Data::leaving) {
+        webView.tellConnectionLost();
+    }
     webView.loadLoginPage();
     Data::clearSession();
 }

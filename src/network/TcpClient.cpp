@@ -75,7 +75,7 @@ bool TcpClient::connectToServer(const QString& host, int port)
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     peerWatch.watch(socket.get());
     connect(socket.get(), &QSslSocket::readyRead, this, &TcpClient::readMessage);
-    connect(socket.get(), &QSslSocket::disconnected, this, &TcpClient::exit);
+    connect(socket.get(), &QSslSocket::disconnected, this, &TcpClient::connectionLost);
     connect(socket.get(), &QSslSocket::errorOccurred, socket.get(), [ssl = socket.get()] {
         Log::message(QStringLiteral("Connection: ") + ssl->errorString());
     });
@@ -392,6 +392,12 @@ void TcpClient::close()
     socket->disconnectFromHost();
     socket->close();
     socket.release()->deleteLater(); // it may be on the stack below us
+}
+
+void TcpClient::connectionLost()
+{
+    const QScopedValueRollback<bool> whileEnding(lostConnection, true);
+    exit();
 }
 
 void TcpClient::exit()

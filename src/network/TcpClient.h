@@ -72,6 +72,9 @@ public:
     /// Queues a request, or lets it wait where it belongs to the console's own reading. `fields`
     /// are the command's own. Without a connection nothing waits.
     void request(int protocolId, int commandId, const QJsonObject& fields);
+    /// While the session end hook runs: whether the connection has gone by itself.
+    bool hasLostConnection() const { return lostConnection; }
+
     /// The texts of the messages that are in the queue.
     QVector<QByteArray> queuedMessages() const;
     /// How many requests wait outside the queue.
@@ -89,6 +92,7 @@ public Q_SLOTS:
     void handshake();
 
 private:
+    void connectionLost();
     bool waitForConnection(const QString& host, int port);
     void meetPeer(const QString& host, int port);
     void scheduleWriting();
@@ -112,6 +116,7 @@ private:
     PeerWatch peerWatch;
     KnownPeers knownPeers;
     bool peerChanged = false;
+    bool lostConnection = false;
     QTimer writeTimer{this};
     JsonStreamSplitter splitter;
     int waitingAnswers = 0;

@@ -148,6 +148,7 @@ void protocolUserCommandLogout(const QJsonObject& reply)
         }
         return;
     }
+    Data::leaving = false;
     Data::waitForExit = false; // a later logout is no exit
     if (response(reply) == QLatin1String("error")) {
         send(UserCommand::GetInfo);

@@ -80,6 +80,10 @@ void WebView::login_tryLogin(const QString& name, const QString& password, const
         return;
     }
     Data::localPort = Data::tcpClient.getLocalPort();
+    if (Data::tcpClient.hasPeerChanged()) {
+        Data::loginMessage = QStringLiteral("Сертификат сервера не тот, что в прошлый раз");
+        Page::call("wrapperInput_login_setNotice", Data::loginMessage);
+    }
     send(UserCommand::Login, {{QStringLiteral("version"), Data::apiVersion},
                               {QStringLiteral("user"), name},
                               {QStringLiteral("password"), passwordDigest(password)}});
@@ -107,6 +111,7 @@ void WebView::login_loginError()
 void WebView::global_logout()
 {
     const SlotLog log("global_logout");
+    Data::leaving = true;
     send(UserCommand::Logout);
 }
 
@@ -118,8 +123,19 @@ void WebView::global_exit()
         view->close();
         return;
     }
+    Data::leaving = true;
     Data::waitForExit = true;
     send(UserCommand::Logout);
+}
+
+void WebView::tellConnectionLost()
+{
+    const QString text = QStringLiteral("Соединение с сервером потеряно");
+    if (sessionPage) {
+        Data::loginMessage = text;
+    } else {
+        Page::call("wrapperInput_login_lost", text);
+    }
 }
 
 void WebView::loadLoginPage()

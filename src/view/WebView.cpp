@@ -20,6 +20,8 @@
 #include <QWebHistory>
 #include <QWebView>
 
+#include <utility>
+
 namespace
 {
 
@@ -95,6 +97,9 @@ void WebView::loaded(bool)
     view->history()->clear();
     if (view->isHidden()) {
         WindowPlace::restore(*view);
+    }
+    if (!sessionPage && !Data::loginMessage.isEmpty()) {
+        Page::call("wrapperInput_login_setNotice", std::exchange(Data::loginMessage, QString()));
     }
     if (Data::userRoleChanged) {
         Page::call("modalRoleChangedShow");
@@ -192,6 +197,7 @@ void WebView::windowActivated()
 void WebView::windowClosed()
 {
     if (Data::getCurrentUser()) {
+        Data::leaving = true;
         Data::waitForExit = true;
         send(UserCommand::Logout);
     }

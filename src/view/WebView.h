@@ -30,6 +30,9 @@ public:
     QWebFrame* frame() const;
     /// Ends the program, as the operator's closing of the window does.
     void closeWindow();
+    /// Has the login page say that the connection has gone: the next one, or the one on show if it
+    /// waits for an answer.
+    void tellConnectionLost();
     /// The login's last reply has come: what the engine has piled up over the login is given back
     /// once the page has come, too.
     void loginCompleted();

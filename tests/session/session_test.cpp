@@ -177,11 +177,16 @@ void SessionTest::lostConnectionReturnsToTheLoginPage()
     server.kill();
     QVERIFY(console->waitForPage("login.html"));
     QVERIFY(!Data::getCurrentUser());
+    QVERIFY(console->waitFor(
+        QStringLiteral("$('#login_notice').text() === 'Соединение с сервером потеряно'")));
+    console->picture("login-connection-lost");
     QVERIFY(server.start(files.path(), server.port()));
     QVERIFY(console->waitFor("$('#serverSelect option').length > 0"));
     logIn("operator");
     console->value("wrapper_Global_logout()");
     QVERIFY(console->waitForPage("login.html"));
+    QVERIFY(console->waitFor("$('#serverSelect option').length > 0"));
+    QCOMPARE(console->text("$('#login_notice').text()"), QString());
 }
 
 void SessionTest::noServerIsTold()

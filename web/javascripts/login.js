@@ -35,6 +35,7 @@
             if ($("#login").is(":focus")) {
                 $("#password").focus(); // for what is typed after a refusal
             }
+            $("#login_notice").empty();
             wait("Подключение к серверу…");
             setTimeout(() => {
                 wrapper.login_tryLogin($("#name").val(), $("#password").val(), selectedServer());
@@ -45,10 +46,14 @@
                 }
             }, 30);
         },
-        // The end of an attempt, or of a session, in a line of the page.
-        wrapperInput_login_setMessage: function (text) {
-            endWait();
-            $("#login_status").text(text);
+        // A line about the server or the last session, which stays until the next attempt.
+        wrapperInput_login_setNotice: (text) => $("#login_notice").text(text),
+        // The connection has gone; of interest to somebody who waits for it.
+        wrapperInput_login_lost: function (text) {
+            if (isWaiting()) {
+                endWait();
+                $("#login_notice").text(text);
+            }
         },
         modalErrorShow: function (text) {
             endWait();
