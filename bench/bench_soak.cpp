@@ -3,6 +3,7 @@
 // has to wait meanwhile.
 
 #include "Measure.h"
+#include "app/Data.h"
 #include "page/Console.h"
 #include "session/DemoServer.h"
 #include "view/WebView.h"
