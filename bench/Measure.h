@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <functional>
 #include <string>
 #include <unistd.h>
@@ -23,6 +24,32 @@ inline double seconds(const std::function<void()>& work)
     const auto begin = std::chrono::steady_clock::now();
     work();
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+/// How long this process keeps the processors busy with `work`, in seconds, its threads included.
+inline double processorSeconds(const std::function<void()>& work)
+{
+    const auto used = [] {
+        timespec now{};
+        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+        return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+    };
+    const double begin = used();
+    work();
+    return used() - begin;
+}
+
+/// The memory that this process holds.
+inline double residentMegabytes()
+{
+    long pages = 0;
+    if (std::FILE* const file = std::fopen("/proc/self/statm", "r")) {
+        if (std::fscanf(file, "%*s %ld", &pages) != 1) {
+            pages = 0;
+        }
+        std::fclose(file);
+    }
+    return static_cast<double>(pages) * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1024 * 1024);
 }
 
 /// The middle value, the mean of the middle two of an even number; 0 of none.

@@ -10,7 +10,6 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QThread>
 #include <QTimer>
 #include <QtTest>
@@ -33,14 +32,6 @@ const char* const pages[] = {
 {
     std::fprintf(stderr, "%s\n", text);
     std::exit(1);
-}
-
-double residentMegabytes()
-{
-    constexpr double pagesPerMegabyte = 256;
-    QFile file(QStringLiteral("/proc/self/statm"));
-    file.open(QIODevice::ReadOnly);
-    return file.readAll().split(' ').value(1).toDouble() / pagesPerMegabyte;
 }
 
 /// How long something that happens outside, such as a click, waits for the event loop.
@@ -115,7 +106,7 @@ void changePages(Measure::Report& report, Console& console, DemoServer& server, 
         QTest::qWait(1000);
         server.output(); // what it says is taken away
         if (second % shown == shown - 1) {
-            report.line("after %4d s  %6.0f MB\n", second + 1, residentMegabytes());
+            report.line("after %4d s  %6.0f MB\n", second + 1, Measure::residentMegabytes());
         }
     }
     report.line("a click waited  %d ms at the median, %d at the 99th percentile\n",
@@ -128,7 +119,7 @@ void comeAndGo(Measure::Report& report, Console& console, int logins)
     for (int login = 0; login < logins; ++login) {
         logIn(console);
         if (login % shown == shown - 1) {
-            report.line("after %4d logins  %6.0f MB\n", login + 1, residentMegabytes());
+            report.line("after %4d logins  %6.0f MB\n", login + 1, Measure::residentMegabytes());
         }
     }
 }

@@ -9,6 +9,7 @@
 #include "model/Track.h"
 #include "model/User.h"
 #include "model/Zone.h"
+#include "page/PageLooks.h"
 #include "page/SourceScan.h"
 
 #include <QJsonArray>
@@ -17,47 +18,6 @@
 
 namespace
 {
-
-/// A page of the session: how it is opened, and which regions that loads.
-struct PageRow {
-    const char* name;
-    const char* open;
-    const char* regions;
-};
-
-constexpr PageRow pageRows[] = {
-    {"home", "loadHomePage()", "#top_menu #side_menu #main #bot_menu"},
-    {"unit", "wrapperLoadDeviceInfo(1)", "#top_menu #side_menu #main #bot_menu #modal"},
-    {"playbacks",
-     "loadSideMenu('playback'); loadMainBody('playback_list'); loadBotMenu('playback_list'); "
-     "loadModal('playlist')",
-     "#side_menu #main #bot_menu #modal"},
-    {"new playback", "openNewPlayback()", "#side_menu #main #bot_menu #modal"},
-    {"microphone",
-     "loadSideMenu('alarm_zone_list'); loadMainBody('microphone'); loadBotMenu('microphone'); "
-     "loadModal('microphone')",
-     "#side_menu #main #bot_menu #modal"},
-    {"alarm messages",
-     "loadSideMenu('alarm_zone_list'); loadTopMenu('alarm_list'); loadMainBody('alarm_list'); "
-     "loadBotMenu('alarm_messages_list'); loadModal('alarm')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"alarm broadcast",
-     "loadSideMenu('alarm_zone_list'); loadTopMenu('translation'); loadMainBody('translation'); "
-     "loadBotMenu('translation'); loadModal('translation')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"users",
-     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/users'); "
-     "loadBotMenu('admin/users'); loadMainBody('admin/users')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"lock settings",
-     "loadSideMenu('settings'); loadTopMenu('settings'); loadMainBody('settings/block'); "
-     "loadBotMenu('settings/block'); loadModal('settings')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"sound settings",
-     "loadSideMenu('settings'); loadTopMenu('settings'); loadMainBody('settings/media'); "
-     "loadBotMenu('settings/media'); loadModal('settings')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-};
 
 /// What native code tells of a subject, but not every page that shows something of it shows.
 struct Exception {
@@ -189,9 +149,9 @@ private Q_SLOTS:
 
 private:
     void fillMirror();
-    void open(const PageRow& page);
-    bool hasSettled() const;
-    QStringList looks(const PageRow& page) const;
+    void open(const PageRow& page) { PageLooks::open(console(), page); }
+    bool hasSettled() { return PageLooks::hasSettled(console()); }
+    QStringList looks(const PageRow& page) { return PageLooks::looks(console(), page); }
     QJsonObject declared() const;
 };
 
@@ -221,44 +181,6 @@ void PagesTest::fillMirror()
             device.includeToZone(2 + id % 2);
         });
     }
-}
-
-void PagesTest::open(const PageRow& page)
-{
-    run(QStringLiteral("$('%1').append('<i class=\"was_before\">'); %2")
-            .arg(QString::fromLatin1(page.regions).replace(' ', ','), QLatin1String(page.open)));
-}
-
-bool PagesTest::hasSettled() const
-{
-    return console().waitFor("$.active === 0 && $('.was_before').length === 0");
-}
-
-/// What the regions of a page show and answer to, without the numbers that libraries make up.
-QStringList PagesTest::looks(const PageRow& page) const
-{
-    const QString script = QStringLiteral(
-        "(function (names) {"
-        "  var lines = [];"
-        "  names.forEach(function (name) {"
-        "    $(name).find('*').not('script').each(function () {"
-        "      lines.push([name, this.tagName, this.id, this.className, this.title, this.value,"
-        "                  this.checked, this.disabled, this.style.cssText, $(this).is(':visible'),"
-        "                  this.children.length ? '' : this.textContent.trim()].join());"
-        "    });"
-        "  });"
-        "  var declared = regions.declared();"
-        "  Object.keys(declared).sort().forEach(function (name) {"
-        "    names.forEach(function (region) {"
-        "      if (region in declared[name]) {"
-        "        lines.push(region + ' ' + name + '/' + declared[name][region]);"
-        "      }"
-        "    });"
-        "  });"
-        "  lines.push($('head style').text());"
-        "  return lines.join('\\n').replace(/select2-\\w+-(\\w{2}|\\w{4})\\b/g, 'select2');"
-        "})('%1'.split(' '))");
-    return text(script.arg(QLatin1String(page.regions))).split('\n');
 }
 
 void PagesTest::pageIsTheSameAfterAnyOther_data()

@@ -38,6 +38,14 @@ class UnitCards {
         });
     }
 
+    // What a new card plays. A push tells of a unit without its class: what it plays comes behind it.
+    playingOf(playbackClass) {
+        if (this.look.withoutPlaybacks) {
+            return undefined;
+        }
+        return playbackClass === undefined ? 0 : Number(playbackClass.substr("playback_".length));
+    }
+
     passes(item) {
         return this.kind(item) && (this.zone === 0 || item.zones.indexOf(this.zone) >= 0);
     }
@@ -133,7 +141,7 @@ function unitCards(own, look) {
                     status: status,
                     volume: volume,
                     category: category,
-                    playing: playbackClass === undefined ? undefined : Number(playbackClass.substr("playback_".length)),
+                    playing: mine.playingOf(playbackClass),
                     zones: [],
                     task: "",
                     read: false,

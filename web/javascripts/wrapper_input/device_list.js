@@ -17,6 +17,7 @@
             {
                 icons: ["playing", "task", "lines", "battery", "power", "hull", "button"],
                 hasVolumeBelow: true,
+                withoutPlaybacks: true,
                 open: (id) => wrapperLoadDeviceInfo(id),
             }
         )

@@ -35,6 +35,16 @@
         units.reveal(id);
     }
 
+    let told = 0; // the unit of which native code has told last
+
+    function openFirst() {
+        const first = units.first();
+        if (first) {
+            activate(first.id);
+            wrapperLoadCurrentDeviceInfo(first.id);
+        }
+    }
+
     page({
         wrapperInput_device_add: function (id, name, status, volume, playback) {
             const isNew = !units.has(id);
@@ -44,7 +54,10 @@
                 wrapperLoadCurrentDeviceInfo(id);
             }
         },
-        wrapperInput_device_setId: activate,
+        wrapperInput_device_setId: function (id) {
+            told = id;
+            activate(id);
+        },
         wrapperInput_device_linkOn: (id) => units.set(id, "status", 2),
         wrapperInput_device_linkIncoming: (id) => units.set(id, "status", 1),
         wrapperInput_device_linkOff: (id) => units.set(id, "status", 0),
@@ -55,13 +68,18 @@
         wrapperInput_device_delete: function (id) {
             const wasActive = units.active !== null && units.active.id === id;
             units.remove(id);
-            const next = units.first();
-            if (wasActive && next) {
-                activate(next.id);
-                wrapperLoadCurrentDeviceInfo(next.id);
+            if (wasActive) {
+                openFirst();
             }
         },
         menu_hasUnits: () => units.counts.all > 0,
     });
     wrapper_Device_LoadSideList();
+    // Beyond the first portion of the list, or gone since it was chosen.
+    if (!units.has(deviceForLoad)) {
+        wrapperLoadCurrentDeviceInfo(deviceForLoad);
+        if (told !== deviceForLoad) {
+            openFirst();
+        }
+    }
 })();

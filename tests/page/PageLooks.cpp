@@ -1,0 +1,45 @@
+#include "page/PageLooks.h"
+
+namespace PageLooks
+{
+
+void open(const Console& console, const PageRow& page)
+{
+    console.value(
+        QStringLiteral("$('%1').append('<i class=\"was_before\">'); %2; null")
+            .arg(QString::fromLatin1(page.regions).replace(' ', ','), QLatin1String(page.open)));
+}
+
+bool hasSettled(const Console& console)
+{
+    return console.waitFor("$.active === 0 && $('.was_before').length === 0");
+}
+
+QStringList looks(const Console& console, const PageRow& page, const char* except)
+{
+    const QString script = QStringLiteral(
+        "(function (names) {"
+        "  var lines = [];"
+        "  names.forEach(function (name) {"
+        "    $(name).find('*').not('script, %2').each(function () {"
+        "      lines.push([name, this.tagName, this.id, this.className.split(' ').sort().join(' '),"
+        "                  this.title, this.value, this.checked, this.disabled,"
+        "                  this.style.cssText, $(this).is(':visible'),"
+        "                  this.children.length ? '' : this.textContent.trim()].join());"
+        "    });"
+        "  });"
+        "  var declared = regions.declared();"
+        "  Object.keys(declared).sort().forEach(function (name) {"
+        "    names.forEach(function (region) {"
+        "      if (region in declared[name]) {"
+        "        lines.push(region + ' ' + name + '/' + declared[name][region]);"
+        "      }"
+        "    });"
+        "  });"
+        "  lines.push($('head style').text());"
+        "  return lines.join('\\n').replace(/select2-\\w+-(\\w{2}|\\w{4})\\b/g, 'select2');"
+        "})('%1'.split(' '))");
+    return console.text(script.arg(QLatin1String(page.regions), QLatin1String(except))).split('\n');
+}
+
+} // namespace PageLooks
