@@ -9,6 +9,8 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -26,14 +28,31 @@ struct LogFolder {
     }
 
     /// All days' files, should midnight pass.
-    QByteArray text() const
+    QFileInfoList files() const
+    {
+        return QDir(folder.path()).entryInfoList({QStringLiteral("*.txt")}, QDir::Files);
+    }
+
+    qint64 size() const
+    {
+        qint64 sum = 0;
+        for (const QFileInfo& info : files()) {
+            sum += info.size();
+        }
+        return sum;
+    }
+
+    QByteArray textFrom(qint64 start) const
     {
         QByteArray result;
-        const QDir directory(folder.path());
-        for (const QString& name : directory.entryList({QStringLiteral("*.txt")}, QDir::Files)) {
-            QFile file(directory.filePath(name));
+        for (const QFileInfo& info : files()) {
+            QFile file(info.filePath());
             file.open(QIODevice::ReadOnly);
-            result += file.readAll();
+            if (start < info.size()) {
+                file.seek(start);
+                result += file.readAll();
+            }
+            start = std::max<qint64>(0, start - info.size());
         }
         return result;
     }
@@ -53,15 +72,14 @@ LogFolder& logFolder()
 LogRecorder::LogRecorder()
 {
     logFolder().take();
-    start = logFolder().text().size();
+    start = logFolder().size();
 }
 
 QStringList LogRecorder::lines() const
 {
     static const QRegularExpression prefix(QStringLiteral("^(\\[\\d+\\] )?\\[[-0-9:. ]+\\] "));
     QStringList result;
-    const QByteArray text = logFolder().text().mid(static_cast<int>(start));
-    for (const QByteArray& line : text.split('\n')) {
+    for (const QByteArray& line : logFolder().textFrom(start).split('\n')) {
         result.append(QString::fromUtf8(line).remove(prefix));
     }
     return result;
