@@ -1,4 +1,4 @@
-#include "fleet/ViewSession.h"
+#include "mirror/ViewSession.h"
 #include "media/SoundServer.h"
 
 #include "log/Log.h"

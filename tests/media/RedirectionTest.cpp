@@ -1,4 +1,4 @@
-#include "fleet/Fleet.h"
+#include "mirror/Fleet.h"
 
 #include "protocol/Redirection.h"
 

@@ -1,6 +1,6 @@
 #include "media/SoundServer.h"
 
-#include "fleet/Fleet.h"
+#include "mirror/Fleet.h"
 #include "media/AudioManager.h"
 #include "network/TcpClient.h"
 #include "protocol/Redirection.h"

@@ -15,6 +15,7 @@
 #include "model/Zone.h"
 
 #include <QJsonArray>
+#include <QSettings>
 
 #include <functional>
 #include <memory>
@@ -438,6 +439,14 @@ const std::vector<Variable>& variables()
         variable("leaving", &Data::waitForExit),
         variable("roleChanged", &Data::userRoleChanged),
         variable("titleSaved", &Data::deviceSave),
+        {"microphone",
+         [] {
+             return QJsonValue(
+                 Data::settings ? Data::settings->value("volume/microphone").toInt() : 0);
+         },
+         [](const QJsonValue& given) {
+             Data::settings->setValue("volume/microphone", given.toInt());
+         }},
         {"internet", [] { return json(Data::serverSettings.getInternetStatus()); },
          [](const QJsonValue& given) { Data::serverSettings.setInternetStatus(given.toBool()); }},
         {"serverVersion", [] { return json(Data::serverSettings.getServerVersion()); },

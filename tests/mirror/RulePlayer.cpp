@@ -1,7 +1,7 @@
 #include "mirror/RulePlayer.h"
 
 #include "app/Data.h"
-#include "fleet/Fleet.h"
+#include "mirror/Fleet.h"
 #include "mirror/Mirror.h"
 #include "mirror/Spoilt.h"
 #include "support/Rules.h"
@@ -19,7 +19,7 @@ const QRegularExpression object(R"(^(set |is )?(\w+) (\d+) ?(\{.*\})?$)");
 
 bool isExpectation(const QString& line)
 {
-    return QStringList{"page", "asks", "ends", "is", "has", "log"}.contains(
+    return QStringList{"page", "asks", "ends", "is", "has", "log", "silent"}.contains(
         line.section(' ', 0, 0));
 }
 
@@ -237,6 +237,9 @@ QString RulePlayer::lookAt(const QString& line)
 {
     if (line.startsWith("log ")) {
         return rig->log().hasLineWith(line.mid(4)) ? QString() : "\n nothing logged: " + line;
+    }
+    if (line.startsWith("silent ")) {
+        return rig->log().hasLineWith(line.mid(7)) ? "\n logged in spite of: " + line : QString();
     }
     if (line.startsWith("is session ")) {
         const QJsonValue session = Mirror::picture().value("session");

@@ -48,6 +48,7 @@ public:
 ///   is unit 5 {name:"Hall"}           fields, of the object or of the session
 ///   has unit 5 6                      the ids of a kind
 ///   log Deleted device: 5             a line of the log that holds this
+///   silent secret                     no line does
 ///
 /// Two things hold without being written: a push is acknowledged first, and a refused request
 /// changes nothing of the mirror, unless "!" is behind its word. "~" at the end of a message keeps it

@@ -1,3 +1,4 @@
+#include "log/Log.h"
 #include "mirror/RulePlayer.h"
 #include "page/ScriptCall.h"
 #include "protocol/SessionHooks.h"
@@ -27,11 +28,17 @@ class Core : public Rig
 public:
     Core()
     {
+        for (int level = LogLevel::Connect; level < LogLevel::End; ++level) {
+            switches.set(level, true);
+        }
+        Log::logger().setSettings(&switches);
         sessionHooks().loginSucceeded = [] { Page::call("hook_loginSucceeded"); };
         sessionHooks().loginRefused = [] { Page::call("hook_loginRefused"); };
         sessionHooks().lockOpened = [] { Page::call("hook_lockOpened"); };
         sessionHooks().closeProgram = [] { Page::call("hook_closeProgram"); };
     }
+
+    ~Core() override { Log::logger().setSettings(nullptr); }
 
     PageRecorder& page() override { return session.page; }
     LogRecorder& log() override { return session.log; }
@@ -39,6 +46,7 @@ public:
     void runSlot(const QString& call) override { qFatal("No slots here: %s", qPrintable(call)); }
 
 private:
+    LogSettings switches;
     SessionFixture session;
 };
 

@@ -1,4 +1,4 @@
-#include "fleet/ViewSession.h"
+#include "mirror/ViewSession.h"
 #include "mirror/RulePlayer.h"
 #include "support/Rules.h"
 

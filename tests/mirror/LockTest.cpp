@@ -1,20 +1,17 @@
-#include "fleet/ViewSession.h"
-#include "rights/Rights.h"
+#include "mirror/ViewSession.h"
 #include "view/PasswordDigest.h"
 
 #include <QTest>
 #include <QTimer>
 #include <QWebView>
 
-/// The lock's timer, its settings, and what the three password dialogs send.
+/// The lock's timer and its settings.
 class LockTest : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
     void init();
     void cleanup();
-    void passwordIsSentAsADigest_data();
-    void passwordIsSentAsADigest();
     void passwordIsOverwritten();
     void settingsAreShown_data();
     void settingsAreShown();
@@ -40,31 +37,6 @@ void LockTest::init()
 void LockTest::cleanup()
 {
     rig.reset();
-}
-
-void LockTest::passwordIsSentAsADigest_data()
-{
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<int>("waiting");
-    QTest::newRow("access_tryUnblock") << "login" << 0;
-    QTest::newRow("access_tryUnblockAlarm") << "alarm" << 1;
-    QTest::newRow("access_tryUnblockTranslation") << "alarm" << 2;
-}
-
-void LockTest::passwordIsSentAsADigest()
-{
-    QFETCH(QString, target);
-    QFETCH(int, waiting);
-    const QString name = QTest::currentDataTag();
-    const QString slot = name.mid(name.indexOf('_') + 1).prepend("modal_");
-    QVERIFY(QMetaObject::invokeMethod(&rig->view, qPrintable(slot),
-                                      Q_ARG(QString, QString::fromUtf8("пароль"))));
-    QCOMPARE(Fleet::takeRequests(),
-             QStringList{QString(R"(user/checkAccess {"password":"%1","target":"%2"})")
-                             .arg("e242f36f4f95f12966da8fa2efd59992", target)});
-    QCOMPARE(Data::waitForAlarm, waiting);
-    QVERIFY(rig->log.contains(name));
-    QCOMPARE(rig->page.calls(), QStringList());
 }
 
 void LockTest::passwordIsOverwritten()

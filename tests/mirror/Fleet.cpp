@@ -1,4 +1,4 @@
-#include "fleet/Fleet.h"
+#include "mirror/Fleet.h"
 
 #include "model/Role.h"
 #include "network/TcpClient.h"

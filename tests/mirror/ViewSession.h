@@ -2,7 +2,7 @@
 
 #include "app/Data.h"
 #include "app/Program.h"
-#include "fleet/Fleet.h"
+#include "mirror/Fleet.h"
 #include "support/DataFolder.h"
 #include "support/LogRecorder.h"
 #include "support/PageRecorder.h"
