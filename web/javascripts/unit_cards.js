@@ -252,25 +252,10 @@ function showSelection() {
 }
 
 // How many units have been read, until all are.
-const showReading = (function () {
-    const pause = 200; // milliseconds: a number that changes faster can't be read, and costs a layout
-    let timer = null;
-
-    function show() {
-        const hint = document.getElementById("devices_read");
-        if (hint && cards && cards.list) {
-            const all = cards.list.counts.all;
-            hint.textContent = cards.readCount < all ? "Загрузка состояния: " + cards.readCount + " из " + all : "";
-        }
+function showReading() {
+    const hint = document.getElementById("devices_read");
+    if (hint && cards && cards.list) {
+        const all = cards.list.counts.all;
+        hint.textContent = cards.readCount < all ? "Загрузка состояния: " + cards.readCount + " из " + all : "";
     }
-
-    return function () {
-        if (timer === null) {
-            show();
-            timer = setTimeout(() => {
-                timer = null;
-                show();
-            }, pause);
-        }
-    };
-})();
+}
