@@ -15,6 +15,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 
 namespace
@@ -61,6 +62,15 @@ public:
     WaitProbe(const WaitProbe&) = delete;
     WaitProbe& operator=(const WaitProbe&) = delete;
 
+    /// The longest wait since the last call, in milliseconds.
+    qint64 takeLongest()
+    {
+        const auto from = waits.begin() + static_cast<std::ptrdiff_t>(looked);
+        const qint64 longest = from == waits.end() ? 0 : *std::max_element(from, waits.end());
+        looked = waits.size();
+        return longest;
+    }
+
     /// In milliseconds: the wait that so many of a hundred don't exceed.
     qint64 percentile(int percent)
     {
@@ -74,6 +84,7 @@ private:
     QThread* worker = nullptr;
     std::atomic_bool isOver{false};
     std::vector<qint64> waits;
+    std::size_t looked = 0;
 };
 
 void logIn(Console& console)
@@ -99,15 +110,21 @@ void changePages(Measure::Report& report, Console& console, DemoServer& server, 
         server.tell("storm " + QByteArray::number(std::max(1, pushes / stormsPerSecond)));
     });
     storm.start(1000 / stormsPerSecond);
+    std::array<qint64, std::size(pages)> longest{};
     const int shown = std::max(1, seconds / 8);
     for (int second = 0; second < seconds; ++second) {
-        console.value(QLatin1String(pages[static_cast<std::size_t>(second) % std::size(pages)]) +
-                      QStringLiteral("; null"));
+        const std::size_t page = static_cast<std::size_t>(second) % std::size(pages);
+        console.value(QLatin1String(pages[page]) + QStringLiteral("; null"));
         QTest::qWait(1000);
         server.output(); // what it says is taken away
+        longest[page] = std::max(longest[page], probe.takeLongest());
         if (second % shown == shown - 1) {
             report.line("after %4d s  %6.0f MB\n", second + 1, Measure::residentMegabytes());
         }
+    }
+    for (std::size_t page = 0; page < std::size(pages); ++page) {
+        report.line("  %-28s a click waited %d ms at most\n", pages[page],
+                    static_cast<int>(longest[page]));
     }
     report.line("a click waited  %d ms at the median, %d at the 99th percentile\n",
                 static_cast<int>(probe.percentile(50)), static_cast<int>(probe.percentile(99)));

@@ -45,6 +45,14 @@ bool isPlaybackOfTask(int playbackId, int taskId)
     return task && task->getPlayback() == playbackId;
 }
 
+int unitsInAlarm = 0;
+
+void countAlarm(int step)
+{
+    unitsInAlarm += step;
+    Page::call("wrapperInput_global_setAlarmUnits", unitsInAlarm);
+}
+
 } // namespace
 
 /// The setter of most fields: tells the page of a change, where it shows the field at all.
@@ -163,9 +171,31 @@ void Device::setPlayback(int playbackId)
     }
 }
 
+Device::~Device()
+{
+    if (isInAlarm()) {
+        countAlarm(-1);
+    }
+}
+
+int Device::getAlarmCount()
+{
+    return unitsInAlarm;
+}
+
+bool Device::isInAlarm() const
+{
+    return playbackCategory == PlaybackCategory::Alarm ||
+           playbackCategory == PlaybackCategory::AlarmMessage;
+}
+
 void Device::setPlaybackCategory(int category)
 {
+    const bool wasInAlarm = isInAlarm();
     playbackCategory = category;
+    if (isInAlarm() != wasInAlarm) {
+        countAlarm(wasInAlarm ? -1 : 1);
+    }
     Page::call("wrapperInput_device_setPlaybackCategory", id, playbackCategory);
     showCategoryTitles();
 }

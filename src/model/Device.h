@@ -42,6 +42,15 @@ class Device
 public:
     static constexpr int bandCount = 10;
 
+    Device() = default;
+    ~Device();
+    Device(const Device&) = delete;
+    Device& operator=(const Device&) = delete;
+
+    /// Of all units, those on which an alarm is on air, by voice or by message. The page is told of
+    /// each change.
+    static int getAlarmCount();
+
     int getId() const { return id; }
     /// Only before the unit is in the mirror's list.
     void setId(int deviceId) { id = deviceId; }
@@ -212,6 +221,8 @@ private:
     int batteryStatus = 0;
     int batteryLevel = 0;
     int playback = 0;
+    bool isInAlarm() const;
+
     int playbackCategory = 0;
     std::map<quint8, LineControl> lines;
     bool equalizerEnabled = false;

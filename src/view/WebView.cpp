@@ -2,6 +2,7 @@
 
 #include "app/Data.h"
 #include "log/Log.h"
+#include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/Role.h"
 #include "model/ServerSettings.h"
@@ -154,6 +155,7 @@ void WebView::global_loadFrame()
         Page::call("wrapperInput_userGlobal_edit", user->getTitle());
         Page::call("modalLoadingHide");
     }
+    Page::call("wrapperInput_global_setAlarmUnits", Device::getAlarmCount());
     frameLoaded = true;
     loginCompleted();
     Log::message("global_loadFrameEnd");

@@ -6,8 +6,6 @@
 
 #include <QTest>
 
-#include <functional>
-
 /// The slots of the broadcast and of the sound settings.
 class MediaSlotsTest : public QObject
 {
@@ -16,10 +14,8 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void cleanup();
-    void startIsAskedFor_data();
-    void startIsAskedFor();
-    void stopIsAskedFor();
-    void volumesAreShown_data();
+    void requests_data();
+    void requests();
     void volumesAreShown();
     void settingsAreStored();
     void slotsLogBeginAndEnd_data();
@@ -31,9 +27,6 @@ private:
     QString missingSound;
     std::unique_ptr<ViewSession> rig;
 };
-
-using Slot = std::function<void(WebView&)>;
-Q_DECLARE_METATYPE(Slot)
 
 void MediaSlotsTest::initTestCase()
 {
@@ -50,62 +43,48 @@ void MediaSlotsTest::cleanup()
     rig.reset();
 }
 
-void MediaSlotsTest::startIsAskedFor_data()
+void MediaSlotsTest::requests_data()
 {
-    QTest::addColumn<QString>("devices");
     QTest::addColumn<QVariant>("volume");
     QTest::addColumn<QString>("sent");
-    QTest::newRow("two units") << "3,5" << QVariant(70) << R"([3,5],%1"volume":70)";
-    QTest::newRow("no numbers") << "3,x,,7" << QVariant(70.0) << R"([3,7],%1"volume":70)";
-    QTest::newRow("no volume stored") << "3" << QVariant() << R"([3],%1"volume":50)";
-    QTest::newRow("nobody") << QString() << QVariant(70) << QString();
+    const auto row = [](const char* call, const QVariant& volume, const char* fields) {
+        QTest::newRow(call) << volume << QString(fields);
+    };
+    row("playback_startRedirection('3,5', 'alarm', 'overlap')", 70,
+        R"(playback/startRedirection {"devices":[3,5],"strategy":"overlap","type":"alarm","volume":70,"zones":[]})");
+    row("playback_startRedirection('3,x,,7', 'microphone', 'none')", 70.0,
+        R"(playback/startRedirection {"devices":[3,7],"strategy":"none","type":"microphone","volume":70,"zones":[]})");
+    row("playback_startRedirection('3', 'alarm', 'none')", QVariant(),
+        R"(playback/startRedirection {"devices":[3],"strategy":"none","type":"alarm","volume":50,"zones":[]})");
+    row("playback_startRedirection('', 'alarm', 'none')", 70, ""); // it would mean all units
+    row("playback_stopRedirection()", QVariant(), "playback/stopRedirection");
 }
 
-void MediaSlotsTest::startIsAskedFor()
+void MediaSlotsTest::requests()
 {
-    QFETCH(QString, devices);
     QFETCH(QVariant, volume);
-    QFETCH(QString, sent);
     if (volume.isValid()) {
         rig->config.setValue("volume/microphone", volume);
     }
-    rig->config.sync();
-    for (const QString type : {"microphone", "alarm"}) {
-        rig->view.playback_startRedirection(devices, type, "overlap");
-        const QString middle = QString(R"("strategy":"overlap","type":"%1",)").arg(type);
-        const QString request = QString(R"(playback/startRedirection {"devices":%1,"zones":[]})");
-        QCOMPARE(Fleet::takeRequests().join(' '),
-                 sent.isEmpty() ? sent : request.arg(sent.arg(middle)));
-    }
+    rig->runSlot(QTest::currentDataTag());
+    QTEST(Fleet::takeRequests().join(' '), "sent");
     QCOMPARE(rig->page.calls(), QStringList());
-}
-
-void MediaSlotsTest::stopIsAskedFor()
-{
-    rig->view.playback_stopRedirection();
-    QCOMPARE(Fleet::takeRequests(), QStringList{"playback/stopRedirection"});
-}
-
-void MediaSlotsTest::volumesAreShown_data()
-{
-    QTest::addColumn<QVariant>("stored");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("stored") << QVariant(35) << "35";
-    QTest::newRow("first start") << QVariant(50.0) << "50";
-    QTest::newRow("nothing stored") << QVariant() << "50";
 }
 
 void MediaSlotsTest::volumesAreShown()
 {
-    QFETCH(QVariant, stored);
-    QFETCH(QString, shown);
-    if (stored.isValid()) {
-        rig->config.setValue("volume/warning", stored);
-        rig->config.setValue("volume/microphone", stored);
+    for (const QVariant& stored : {QVariant(), QVariant(50.0), QVariant(35)}) {
+        for (const char* const key : {"volume/warning", "volume/microphone"}) {
+            rig->config.remove(key);
+            if (stored.isValid()) {
+                rig->config.setValue(key, stored);
+            }
+        }
+        rig->view.settings_volume_init();
+        const QString shown = QString::number(stored.isValid() ? stored.toInt() : 50);
+        QCOMPARE(rig->page.take(), (QStringList{"loadVolumeWarning(" + shown + ");",
+                                                "loadVolumeMicrophone(" + shown + ");"}));
     }
-    rig->view.settings_volume_init();
-    QCOMPARE(rig->page.calls(), (QStringList{"loadVolumeWarning(" + shown + ");",
-                                             "loadVolumeMicrophone(" + shown + ");"}));
 }
 
 void MediaSlotsTest::settingsAreStored()
@@ -120,48 +99,43 @@ void MediaSlotsTest::settingsAreStored()
 
 void MediaSlotsTest::slotsLogBeginAndEnd_data()
 {
-    QTest::addColumn<Slot>("run");
     QTest::addColumn<int>("level");
     QTest::addColumn<QString>("begin");
     QTest::addColumn<QString>("end");
-    const auto row = [](const Slot& run, int level, const char* begin, const char* end) {
-        QTest::newRow(begin) << run << level << QString(begin) << QString(end);
+    const auto row = [](const char* call, int level, const char* begin, const char* end) {
+        QTest::newRow(call) << level << QString(begin) << QString(end);
     };
     const int settings = LogLevel::ClientSettings;
-    row([](WebView& v) { v.settings_media_save("a"); }, settings, "settings_media_save_input a",
+    row("settings_media_save('a')", settings, "settings_media_save_input a",
         "settings_media_saveEnd");
-    row([](WebView& v) { v.settings_volume_save(4, 6); }, settings, "settings_volume_save 4 6",
+    row("settings_volume_save(4, 6)", settings, "settings_volume_save 4 6",
         "settings_volume_saveEnd");
-    row([](WebView& v) { v.settings_volume_init(); }, settings, "settings_volume_init",
-        "settings_volume_initEnd");
-    row([](WebView& v) { v.settings_block_init(); }, settings, "settings_block_init",
-        "settings_block_initEnd");
-    row([](WebView& v) { v.settings_block_save(false, 5); }, settings, "settings_block_save: 5",
+    row("settings_volume_init()", settings, "settings_volume_init", "settings_volume_initEnd");
+    row("settings_block_init()", settings, "settings_block_init", "settings_block_initEnd");
+    row("settings_block_save(false, 5)", settings, "settings_block_save: 5",
         "settings_block_saveEnd");
-    row([](WebView& v) { v.admin_selectRole(7); }, LogLevel::RoleSettings, "admin_selectRole: 7",
+    row("admin_selectRole(7)", LogLevel::RoleSettings, "admin_selectRole: 7",
         "admin_selectRoleEnd");
-    row([](WebView& v) { v.playback_startRedirection("1", "alarm"); }, LogLevel::AlarmBroadcasting,
+    row("playback_startRedirection('1', 'alarm')", LogLevel::AlarmBroadcasting,
         "playback_startRedirectionType: alarm", "playback_startRedirectionEnd");
-    row([](WebView& v) { v.modal_tryUnblock({}); }, LogLevel::Always, "access_tryUnblock",
-        "access_tryUnblockEnd");
+    row("modal_tryUnblock('')", LogLevel::Always, "access_tryUnblock", "access_tryUnblockEnd");
 }
 
 void MediaSlotsTest::slotsLogBeginAndEnd()
 {
-    QFETCH(Slot, run);
     QFETCH(int, level);
     QFETCH(QString, begin);
     QFETCH(QString, end);
     LogSettings switches;
     Log::logger().setSettings(&switches);
     const LogRecorder off;
-    run(rig->view);
+    rig->runSlot(QTest::currentDataTag());
     QCOMPARE(off.contains(begin), level == LogLevel::Always);
     if (level != LogLevel::Always) {
         switches.set(level, true);
     }
     const LogRecorder on;
-    run(rig->view);
+    rig->runSlot(QTest::currentDataTag());
     Log::logger().setSettings(nullptr);
     const QStringList lines = on.lines();
     QVERIFY2(lines.contains(begin) && lines.indexOf(end) > lines.indexOf(begin),

@@ -1,4 +1,5 @@
 #include "app/Data.h"
+#include "model/Device.h"
 #include "model/ModelList.h"
 #include "model/ServerSettings.h"
 #include "model/User.h"
@@ -23,6 +24,7 @@ private Q_SLOTS:
     void initTestCase();
 
     void frameAsksForWhatItMissed();
+    void alarmOnAirIsToldInTheHeader();
     void hostileUserTitleIsText();
     void missingFragmentEmptiesItsRegion();
     void laterLoadOfARegionWins();
@@ -85,6 +87,27 @@ void FrameTest::frameAsksForWhatItMissed()
     QVERIFY(console->showSession());
     QCOMPARE(console->text(name), QStringLiteral(" A"));
     console->picture("frame");
+}
+
+void FrameTest::alarmOnAirIsToldInTheHeader()
+{
+    QVERIFY(console->showSession());
+    QVERIFY(console->waitFor("$('#alarm_on_air').is(':hidden')"));
+    for (int id = 1; id <= 3; ++id) {
+        auto device = std::make_unique<Device>();
+        device->setId(id);
+        device->setPlaybackCategory(id == 1 ? 2 : id == 2 ? 6 : -4); // music and two alarms
+        Data::deviceList.append(std::move(device));
+    }
+    QCOMPARE(console->text("$('#alarm_on_air:visible').text().trim()"),
+             QStringLiteral("Тревога: 2"));
+    Data::deviceList.find(3)->setPlaybackCategory(0);
+    QCOMPARE(console->text("$('#alarm_on_air_text').text()"), QStringLiteral("Тревога: 1"));
+    // Another page of the session, another frame: it is told afresh.
+    console->value("$('#alarm_on_air').hide(); wrapper_Global_loadFrame()");
+    QVERIFY(console->value("$('#alarm_on_air').is(':visible')").toBool());
+    Data::deviceList.clear();
+    QVERIFY(console->value("$('#alarm_on_air').is(':hidden')").toBool());
 }
 
 void FrameTest::hostileUserTitleIsText()

@@ -65,17 +65,19 @@ void UnitPageTest::unreadUnitsAreToldAsSuch()
     const QString look =
         QStringLiteral("$('#device_1').hasClass('unread') + "
                        "$('#device_power_1')[0].title + $('#devices_read').text()");
-    QCOMPARE(text(look),
-             QStringLiteral("trueСеть 220 В: состояние неизвестноЗагрузка состояния: 22 из 24"));
+    QTRY_COMPARE(
+        text(look),
+        QStringLiteral("trueСеть 220 В: состояние неизвестноЗагрузка состояния: 22 из 24"));
     QVERIFY(is("$('#device_power_1').hasClass('btn-success')"));
     const QString colour = QStringLiteral("$('#device_power_%1').css('color')");
     QVERIFY(text(colour.arg(1)) != text(colour.arg(3)));
     QCOMPARE(text(colour.arg(1)), text(colour.arg(11))); // offline: the last values, greyed
     Page::call("wrapperInput_device_setRead", 1);
-    QCOMPARE(text(look), QStringLiteral("falseСеть 220 В: нормальноЗагрузка состояния: 23 из 24"));
+    QTRY_COMPARE(text(look),
+                 QStringLiteral("falseСеть 220 В: нормальноЗагрузка состояния: 23 из 24"));
     QCOMPARE(text(colour.arg(1)), text(colour.arg(3)));
     Page::call("wrapperInput_device_delete", 2);
-    QCOMPARE(text("$('#devices_read').text()"), QString());
+    QTRY_COMPARE(text("$('#devices_read').text()"), QString());
 }
 
 void UnitPageTest::statesAreToldByWords_data()

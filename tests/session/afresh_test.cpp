@@ -115,8 +115,7 @@ void AfreshTest::staysAsIfOpenedAfresh()
     PageLooks::open(*console, page);
     QVERIFY(PageLooks::hasSettled(*console));
     // A long list comes in portions.
-    QTest::qWaitFor([&] { return PageLooks::looks(*console, page, moving) == stayed; });
-    QCOMPARE(PageLooks::looks(*console, page, moving), stayed);
+    QTRY_COMPARE(PageLooks::looks(*console, page, moving), stayed);
     server.tell("restore");
     QVERIFY(waitUntilAllIsTold());
 }

@@ -117,15 +117,11 @@ void DataTest::lookupsGiveTheFirstMatchOrNull()
     QCOMPARE(Data::getUserByName(QStringLiteral("Boris")), nullptr);
     QCOMPARE(Data::getRoleByName(QStringLiteral("boris")), Data::roleList.at(1));
     Data::userList.at(2)->setCurrent(true);
-    Data::roleList.at(1)->setCurrent(true);
     QCOMPARE(Data::getCurrentUser(), Data::userList.at(2));
-    QCOMPARE(Data::getCurrentRole(), Data::roleList.at(1));
-    appendTrack(10, 2, 1);
     appendTrack(11, 3, 1);
     appendTrack(12, 3, 0);
     QCOMPARE(Data::getFirstTrackInPlaylist(3)->id, 11);
     QCOMPARE(Data::getFirstTrackInPlaylist(4), nullptr);
-    QCOMPARE(Data::getTrackById(12)->position, 0);
 }
 
 void DataTest::newPositionIsBehindTheLastSibling()
@@ -138,12 +134,10 @@ void DataTest::newPositionIsBehindTheLastSibling()
     appendPlaylist(11, 1, 2);
     appendPlaylist(12, 2, 5);
     QCOMPARE(Library::getPlaylistNewPositionId(1), 3); // the last in the list, not the highest
-    QCOMPARE(Library::getPlaylistNewPositionId(3), 0);
-    QCOMPARE(Library::getTrackNewPositionId(1), 0);
     appendTrack(10, 1, 9);
     appendTrack(11, 1, 2);
-    appendTrack(12, 2, 5);
     QCOMPARE(Library::getTrackNewPositionId(1), 3);
+    QCOMPARE(Library::getTrackNewPositionId(2), 0);
 }
 
 void DataTest::deletedMemoryEntryMovesTheLaterOnesUp()

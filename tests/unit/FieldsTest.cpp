@@ -35,21 +35,15 @@ void FieldsTest::onlyTheRightTypeIsRead_data()
     QTest::addColumn<int>("readers");
     QTest::newRow("missing") << QJsonValue(QJsonValue::Undefined) << int(None);
     QTest::newRow("null") << QJsonValue() << int(None);
-    QTest::newRow("true") << QJsonValue(true) << int(Boolean);
     QTest::newRow("false") << QJsonValue(false) << int(Boolean);
-    QTest::newRow("zero") << QJsonValue(0) << int(Integer | Number);
     QTest::newRow("whole double") << QJsonValue(12.0) << int(Integer | Number);
     QTest::newRow("fraction") << QJsonValue(12.5) << int(Number);
     QTest::newRow("largest") << QJsonValue(2147483647.0) << int(Integer | Number);
     QTest::newRow("above the largest") << QJsonValue(2147483648.0) << int(Number);
-    QTest::newRow("smallest") << QJsonValue(-2147483648.0) << int(Integer | Number);
     QTest::newRow("below the smallest") << QJsonValue(-2147483649.0) << int(Number);
-    QTest::newRow("huge") << QJsonValue(1e300) << int(Number);
     QTest::newRow("text") << QJsonValue(QStringLiteral("Hall")) << int(Text);
     QTest::newRow("empty text") << QJsonValue(QString(QLatin1String(""))) << int(Text);
-    QTest::newRow("number as text") << QJsonValue(QStringLiteral("12")) << int(Text);
     QTest::newRow("array") << QJsonValue(QJsonArray{1}) << int(Array);
-    QTest::newRow("empty array") << QJsonValue(QJsonArray()) << int(Array);
     QTest::newRow("object") << QJsonValue(QJsonObject()) << int(Object);
 }
 

@@ -42,4 +42,9 @@ page({
             $("#loadingModal").modal("hide").hide();
         }
     },
+    // An alarm on air is told on every page.
+    wrapperInput_global_setAlarmUnits: function (count) {
+        $("#alarm_on_air").toggle(count > 0).attr("title", "Идет тревожное вещание, устройств: " + count);
+        $("#alarm_on_air_text").text("Тревога: " + count);
+    },
 });
