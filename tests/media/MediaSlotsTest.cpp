@@ -1,5 +1,5 @@
-#include "mirror/ViewSession.h"
 #include "media/SoundServer.h"
+#include "mirror/ViewSession.h"
 
 #include "log/Log.h"
 #include "media/AudioManager.h"

@@ -1,7 +1,7 @@
 #include "media/SoundServer.h"
 
-#include "mirror/Fleet.h"
 #include "media/AudioManager.h"
+#include "mirror/Fleet.h"
 #include "network/TcpClient.h"
 #include "protocol/Redirection.h"
 

@@ -87,9 +87,8 @@ Field<Item> field(const char* name, Got (Item::*get)() const, void (Item::*set)(
 
 template <class Item, class Value> Field<Item> field(const char* name, Value Item::*member)
 {
-    return {
-        name, [member](const Item& item) { return json(item.*member); },
-        [member](Item& item, const QJsonValue& value) { item.*member = from<Value>(value); }};
+    return {name, [member](const Item& item) { return json(item.*member); },
+            [member](Item& item, const QJsonValue& value) { item.*member = from<Value>(value); }};
 }
 
 /// A right that is one of several levels.
@@ -233,7 +232,9 @@ const std::vector<Field<Device>>& fieldsOf(const Device*)
         {"read", [](const Device& device) { return device.isRead(); },
          [](Device& device, const QJsonValue&) { device.setRead(); }},
         {"link", [](const Device& device) { return int{device.getStatus()}; },
-         [](Device& device, const QJsonValue& link) { device.setStatus(from<DeviceStatus>(link)); }},
+         [](Device& device, const QJsonValue& link) {
+             device.setStatus(from<DeviceStatus>(link));
+         }},
     };
     return fields;
 }
@@ -245,7 +246,9 @@ const std::vector<Field<Zone>>& fieldsOf(const Zone*)
         FIELD(Zone, "parent", ParentZone),
         FIELD(Zone, "type", Type),
         {"below", [](const Zone& zone) { return json(zone.getSubZoneList()); },
-         [](Zone& zone, const QJsonValue& ids) { zone.getSubZoneList() = from<QVector<int>>(ids); }},
+         [](Zone& zone, const QJsonValue& ids) {
+             zone.getSubZoneList() = from<QVector<int>>(ids);
+         }},
         {"units", [](const Zone& zone) { return json(zone.getDeviceList()); },
          [](Zone& zone, const QJsonValue& ids) { zone.getDeviceList() = from<QVector<int>>(ids); }},
     };
@@ -281,8 +284,10 @@ const std::vector<Field<Role>>& fieldsOf(const Role*)
 const std::vector<Field<User>>& fieldsOf(const User*)
 {
     static const std::vector<Field<User>> fields{
-        FIELD(User, "own", Current),   FIELD(User, "name", Name),
-        FIELD(User, "title", Title),   FIELD(User, "role", Role),
+        FIELD(User, "own", Current),
+        FIELD(User, "name", Name),
+        FIELD(User, "title", Title),
+        FIELD(User, "role", Role),
         FIELD(User, "online", Status),
         {"tab", [](const User& user) { return user.getValue("tab"); },
          [](User& user, const QJsonValue& value) { user.setValue("tab", value.toString()); }},
@@ -408,10 +413,10 @@ template <class Item> Kind kindOf(ModelList<Item>& list)
 const std::map<QString, Kind>& kinds()
 {
     static const std::map<QString, Kind> all{
-        {"unit", kindOf(Data::deviceList)},         {"zone", kindOf(Data::zoneList)},
-        {"role", kindOf(Data::roleList)},           {"user", kindOf(Data::userList)},
-        {"playlist", kindOf(Data::playlistList)},   {"track", kindOf(Data::trackList)},
-        {"playback", kindOf(Data::playbackList)},   {"task", kindOf(Data::tasks)},
+        {"unit", kindOf(Data::deviceList)},       {"zone", kindOf(Data::zoneList)},
+        {"role", kindOf(Data::roleList)},         {"user", kindOf(Data::userList)},
+        {"playlist", kindOf(Data::playlistList)}, {"track", kindOf(Data::trackList)},
+        {"playback", kindOf(Data::playbackList)}, {"task", kindOf(Data::tasks)},
         {"preset", kindOf(Data::presetList)},
     };
     return all;
@@ -441,8 +446,8 @@ const std::vector<Variable>& variables()
         variable("titleSaved", &Data::deviceSave),
         {"microphone",
          [] {
-             return QJsonValue(
-                 Data::settings ? Data::settings->value("volume/microphone").toInt() : 0);
+             return QJsonValue(Data::settings ? Data::settings->value("volume/microphone").toInt()
+                                              : 0);
          },
          [](const QJsonValue& given) {
              Data::settings->setValue("volume/microphone", given.toInt());

@@ -281,7 +281,8 @@ QString RulePlayer::leakOf(const Outcome& outcome)
 {
     const QString told = (outcome.calls + outcome.requests).join('\n');
     const QString mirror = Rules::show(Mirror::picture());
-    return Spoilt::isIn(told) || Spoilt::isIn(mirror) ? "\n leaks into " + told + mirror : QString();
+    return Spoilt::isIn(told) || Spoilt::isIn(mirror) ? "\n leaks into " + told + mirror
+                                                      : QString();
 }
 
 QString RulePlayer::spoilLine(const QStringList& before, const QString& line)
@@ -299,8 +300,7 @@ QString RulePlayer::spoilLine(const QStringList& before, const QString& line)
         begin(before + QStringList{line});
         const Outcome later = give(line, message);
         const QStringList told = later.calls + later.requests;
-        const bool isKnown =
-            line.endsWith('~') || std::all_of(told.begin(), told.end(), isUsual);
+        const bool isKnown = line.endsWith('~') || std::all_of(told.begin(), told.end(), isUsual);
         if (!problem.isEmpty() || !isKnown) {
             return line + "\n spoilt: " + Rules::show(message) + problem +
                    show("later", isKnown ? QStringList() : told);

@@ -51,8 +51,8 @@ public:
 ///   silent secret                     no line does
 ///
 /// Two things hold without being written: a push is acknowledged first, and a refused request
-/// changes nothing of the mirror, unless "!" is behind its word. "~" at the end of a message keeps it
-/// out of the comparison of `spoil`, "~~" out of `spoil` altogether: it is broken already.
+/// changes nothing of the mirror, unless "!" is behind its word. "~" at the end of a message keeps
+/// it out of the comparison of `spoil`, "~~" out of `spoil` altogether: it is broken already.
 class RulePlayer
 {
 public:

@@ -1,8 +1,8 @@
+#include "support/Rules.h"
 #include "log/Log.h"
 #include "mirror/RulePlayer.h"
 #include "page/ScriptCall.h"
 #include "protocol/SessionHooks.h"
-#include "support/Rules.h"
 #include "support/SessionFixture.h"
 
 #include <QTest>

@@ -1,5 +1,5 @@
-#include "mirror/ViewSession.h"
 #include "mirror/RulePlayer.h"
+#include "mirror/ViewSession.h"
 #include "support/Rules.h"
 
 #include <QTest>

@@ -13,7 +13,8 @@ constexpr double wrongNumber = 77777.25;
 QVector<QJsonValue> otherTypes(const QJsonValue& good)
 {
     QVector<QJsonValue> values{QJsonValue::Undefined, QJsonValue::Null,
-                               QJsonObject{{"seven", wrongText}}, QJsonArray{wrongText, QJsonObject()}};
+                               QJsonObject{{"seven", wrongText}},
+                               QJsonArray{wrongText, QJsonObject()}};
     if (!good.isString()) {
         values.append(wrongText);
     }

@@ -1,76 +1,26 @@
 #include "simulator/Scenario.h"
 
 #include "simulator/Playout.h"
+#include "support/Rules.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QRegularExpression>
 #include <QtTest>
-
-#include <algorithm>
 
 namespace
 {
 
-QString show(const QJsonObject& object)
-{
-    return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
-}
-
-/// The object of a line's text; the empty text gives the empty object.
+/// The object of a line's text, with its digests made.
 QJsonObject objectOf(QString text)
 {
-    static const QRegularExpression key(R"(([{,]\s*)(\w+):)");
     static const QRegularExpression digest(R"(md5:(\w+))");
-    text.replace(key, R"(\1"\2":)");
     for (auto match = digest.match(text); match.hasMatch(); match = digest.match(text)) {
         text.replace(match.capturedStart(), match.capturedLength(), digestOf(match.captured(1)));
     }
-    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8());
-    if (document.isNull() && !text.isEmpty()) {
-        qFatal("No object: %s", qPrintable(text));
-    }
-    return document.object();
-}
-
-bool isOfType(const QJsonValue& value, const QString& type)
-{
-    return (type == "<number>" && value.isDouble()) || (type == "<text>" && value.isString()) ||
-           (type == "<flag>" && value.isBool()) || (type == "<list>" && !value.toArray().isEmpty());
-}
-
-bool fitsArray(const QJsonArray& values, QJsonArray expected)
-{
-    const QString mode = expected.isEmpty() ? QString() : expected.first().toString();
-    if (mode != "some" && mode != "none") {
-        return values.size() == expected.size() &&
-               std::equal(values.begin(), values.end(), expected.begin(), fits);
-    }
-    expected.removeFirst();
-    return std::all_of(expected.begin(), expected.end(), [&](const QJsonValue& one) {
-        const bool there =
-            std::any_of(values.begin(), values.end(),
-                        [&one](const QJsonValue& value) { return fits(value, one); });
-        return there == (mode == "some");
-    });
+    return Rules::object(text);
 }
 
 } // namespace
-
-bool fits(const QJsonValue& value, const QJsonValue& expected)
-{
-    if (expected.isArray()) {
-        return value.isArray() && fitsArray(value.toArray(), expected.toArray());
-    }
-    if (!expected.isObject()) {
-        return value == expected || isOfType(value, expected.toString());
-    }
-    const QJsonObject fields = expected.toObject();
-    const QStringList keys = fields.keys();
-    return std::all_of(keys.begin(), keys.end(), [&](const QString& key) {
-        return fits(value.toObject().value(key), fields.value(key));
-    });
-}
 
 QString Scenario::play(const QStringList& lines)
 {
@@ -137,8 +87,8 @@ QString Scenario::request(const QString& who, const QString& names, const QJsonO
     const QJsonObject before = picture(fields.value("id"));
     const QJsonObject reply =
         consoles[who]->ask(names.section('/', 0, 0), names.section('/', 1), fields);
-    if (reply.value("response") != word || !fits(reply, expected)) {
-        return "answered: " + show(reply);
+    if (reply.value("response") != word || !Rules::fits(reply, expected)) {
+        return "answered: " + Rules::show(reply);
     }
     return word == "success" || picture(fields.value("id")) == before
                ? QString()
@@ -156,7 +106,7 @@ QString Scenario::push(const QString& who, const QString& names, const QJsonObje
     const QJsonObject push = console.pushes.isEmpty() ? QJsonObject() : console.takePush();
     const bool named =
         push.value("request").toString() + '/' + push.value("action").toString() == names;
-    return named && fits(push, expected) ? QString() : "heard: " + show(push);
+    return named && Rules::fits(push, expected) ? QString() : "heard: " + Rules::show(push);
 }
 
 QString Scenario::end(const QString& who)
@@ -190,7 +140,7 @@ QString Scenario::unexpectedPush()
     for (const auto& [who, console] : consoles) {
         console->ask("user", "getInfo");
         if (!console->pushes.isEmpty()) {
-            extra = who + " heard, too: " + show(console->pushes.first());
+            extra = who + " heard, too: " + Rules::show(console->pushes.first());
         }
         console->pushes.clear();
     }

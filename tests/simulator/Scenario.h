@@ -49,6 +49,3 @@ private:
     Client witness{server->port()};
     std::map<QString, std::unique_ptr<Client>> consoles;
 };
-
-/// Whether a value is what a scenario expects, in the terms above.
-bool fits(const QJsonValue& value, const QJsonValue& expected);
