@@ -6,7 +6,7 @@
 import {readdirSync, readFileSync} from "node:fs";
 import {join, relative} from "node:path";
 
-const all = ["app", "log", "storage", "network", "page", "model", "protocol", "media", "view"];
+const all = ["app", "log", "storage", "network", "page", "model", "protocol", "media", "files", "view"];
 const mayInclude = {
     app: all,
     log: [],
@@ -16,7 +16,8 @@ const mayInclude = {
     model: ["storage", "page", "log"],
     protocol: ["model", "network", "page", "log"],
     media: ["protocol", "model", "page", "log"],
-    view: ["media", "protocol", "model", "network", "page", "log"],
+    files: ["storage", "protocol", "model", "network", "page", "log"],
+    view: ["files", "media", "protocol", "model", "network", "page", "log"],
 };
 // The shared store names the other classes by forward declaration alone; what is below the mirror
 // does without it.

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void filterOfALargeListIsQuick();
     void keysLeadThroughTheWholeList();
     void whatIsWorkedOnKeepsItsElement();
+    void boxesKeepTheMirrorAndTheOperatorApart();
     void aListEndsWithItsRegion();
 
 private:
@@ -207,6 +208,39 @@ void ItemListTest::whatIsWorkedOnKeepsItsElement()
     QVERIFY(console().waitFor("list.view.cell.columns === 5"));
     QVERIFY(shownAt(console().value("$('#main').scrollTop()").toInt()).contains(first + "@"));
     console().view().getView()->resize(1280, 800);
+}
+
+/// Boxes of a form: ticks that come before their rows, locks, the operator's own choice when the
+/// mirror changes under it, and a dialog that hides a long list costs nothing.
+void ItemListTest::boxesKeepTheMirrorAndTheOperatorApart()
+{
+    run("$('#main').triggerHandler('leave'); $('#main').off('leave').empty();"
+        "$('<div id=zoneList>').appendTo('#main'); foreign = 0;"
+        "list = tickList({list: '#zoneList', prefix: 'zone_', title: 'name', note: 'type',"
+        "  region: '#main', empty: 'none'}); list.foreign = () => ++foreign;"
+        "list.store(1); list.store(2); list.lock(9);"
+        "for (var id = 1; id <= 3000; ++id) { list.add(id, {title: 'Zone ' + id}); }"
+        "list.list.view.update()");
+    const auto ticks = [this] { return run("list.ticks().join()").toString(); };
+    QCOMPARE(ticks(), QString("1,2,9"));
+    QVERIFY(run("$('#zone_checkbox_9').is(':checked:disabled')").toBool());
+    QVERIFY(run("$('#zoneList .tick_row').length < 200").toBool());
+
+    run("$('#zone_1')[0].click(); $('#zone_checkbox_3')[0].click(); $('#zone_9')[0].click()");
+    QCOMPARE(ticks(), QString("2,3,9"));
+    run("list.clear(); list.store(1); list.store(4); list.unlockAll()");
+    QCOMPARE(ticks(), QString("3,4,9"));
+    QCOMPARE(run("foreign").toInt(), 0);
+    run("list.store(3)");
+    QCOMPARE(run("foreign").toInt(), 1);
+    QVERIFY(run("list.isTouched()").toBool());
+    run("list.reset()");
+    QCOMPARE(ticks(), QString("1,3,4"));
+
+    run("$('#zoneList').hide(); list.begin(); list.empty(); list.list.view.cell = null;"
+        "for (var id = 1; id <= 300; ++id) { list.add(id, {title: 'Zone'}); }"
+        "list.list.view.update()");
+    QVERIFY(run("list.list.view.timer === null").toBool());
 }
 
 void ItemListTest::aListEndsWithItsRegion()

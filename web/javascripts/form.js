@@ -31,6 +31,35 @@ function nameError(text) {
     return text.length >= 1 && text.length <= longestName ? "" : "От 1 до " + longestName + " символов";
 }
 
+// Words for what is wrong with an address or a number that is typed; "" where it is right.
+
+function isAddress(text, first, last) {
+    const numbers = text.split(".");
+    return (
+        numbers.length === 4 &&
+        numbers.every((number) => /^\d{1,3}$/.test(number) && Number(number) <= 255) &&
+        Number(numbers[0]) >= first &&
+        Number(numbers[0]) <= last
+    );
+}
+
+function addressError(text) {
+    return isAddress(text, 0, 255) ? "" : "Четыре числа от 0 до 255 через точку";
+}
+
+function multicastError(text) {
+    return isAddress(text, 224, 239) ? "" : "От 224.0.0.0 до 239.255.255.255";
+}
+
+function rangeError(text, least, most) {
+    const isInside = /^\d{1,9}$/.test(text) && Number(text) >= least && Number(text) <= most;
+    return isInside ? "" : "От " + least + " до " + most;
+}
+
+function portError(text) {
+    return rangeError(text, 1, 65535);
+}
+
 // A pair of buttons for on and off: two radio boxes, each in its label.
 function buildSwitch(place, name, onId, offId) {
     function side(id, text) {
@@ -51,6 +80,53 @@ function setSwitch(on, off, value) {
     ].forEach(function (side) {
         $(side[0]).prop("checked", side[1]).parent().toggleClass("active", side[1]);
     });
+}
+
+// A pair of buttons as a part of a form.
+class SwitchField {
+    constructor(on, off) {
+        this.on = on;
+        this.off = off;
+        this.foreign = $.noop; // called when the mirror changes what the operator has turned round
+        this.begin();
+    }
+
+    value() {
+        return $(this.on).is(":checked");
+    }
+
+    // Shows what the mirror holds, unless the operator has turned it round.
+    store(value) {
+        const isOwn = this.isTouched();
+        this.stored = Boolean(value);
+        if (!isOwn) {
+            this.reset();
+        } else if (!this.isTouched()) {
+            this.foreign();
+        }
+    }
+
+    isTouched() {
+        return this.stored !== null && this.value() !== this.stored;
+    }
+
+    reset() {
+        if (this.stored !== null) {
+            setSwitch(this.on, this.off, this.stored);
+        }
+    }
+
+    begin() {
+        this.stored = null;
+    }
+
+    take() {
+        this.stored = this.value();
+    }
+}
+
+function switchField(on, off) {
+    return new SwitchField(on, off);
 }
 
 // A select box with its list in the dialog that it stands in, if there is one. The placeholder is

@@ -2,6 +2,8 @@
 //
 // Options:
 //   fields   {title: "#user_title"}: what the record has, and where it is edited
+//   parts    [tickList(…), switchField(…)]: what is no single field: knows by itself what the
+//            mirror holds and what the operator has changed
 //   secrets  ["#user_password"]: fields that start empty and are sent only if filled in
 //   rules    {title: function (value): a word for what is wrong, "" where nothing is}
 //   save     function (values, id): sends; answers false if there was nothing to send
@@ -92,6 +94,8 @@ class FormPage {
         $(this.all().join()).on("input select2:select", function () {
             markField(this, "");
         });
+        this.parts = options.parts || [];
+        this.parts.forEach((part) => (part.foreign = () => this.note.show()));
         forms.set(this);
     }
 
@@ -121,7 +125,7 @@ class FormPage {
 
     isChanged() {
         const isTouched = Object.keys(this.stored).some((name) => this.isTouched(name));
-        return this.id !== null && (isTouched || this.secrets().is((index, field) => field.value !== ""));
+        return this.id !== null && (isTouched || this.parts.some((part) => part.isTouched()) || this.secrets().is((index, field) => field.value !== ""));
     }
 
     // Shows what the mirror tells of a record: another one afresh, of the same one only what the
@@ -145,6 +149,7 @@ class FormPage {
         forms.giveUp();
         this.id = id;
         this.stored = {};
+        this.parts.forEach((part) => part.begin());
         this.reset();
     }
 
@@ -166,6 +171,7 @@ class FormPage {
         this.note.hide();
         this.all().forEach((field) => markField(field, ""));
         Object.keys(this.stored).forEach((name) => this.put(name));
+        this.parts.forEach((part) => part.reset());
     }
 
     // Marks what is wrong; answers whether nothing is.
@@ -195,6 +201,7 @@ class FormPage {
 
     taken(values) {
         Object.assign(this.stored, values);
+        this.parts.forEach((part) => part.take());
         this.reset();
     }
 }

@@ -36,6 +36,7 @@ class ItemView {
         $(this.scroller).on("scroll" + this.events, () => this.update());
         $(window).on("resize" + this.events, () => this.resized());
         $(document).on("mouseup" + this.events, () => (this.pressed = null));
+        $(this.place).closest(".modal").on("shown.bs.modal" + this.events, () => this.update());
         $(this.place)
             .on("mousedown", (event) => (this.pressed = this.itemAt(event.target)))
             .on("click", (event) => this.clicked(event))
@@ -48,6 +49,7 @@ class ItemView {
         $(this.scroller).off(this.events);
         $(window).off(this.events);
         $(document).off(this.events);
+        $(this.place).closest(".modal").off(this.events);
         $(this.place).off();
         this.present.clear();
         this.pressed = this.stop = this.revealing = null;
@@ -245,7 +247,9 @@ class ItemView {
     nearRange() {
         const length = this.list.shown().length;
         if (!this.cell) {
-            this.updateSoon();
+            if (this.place.offsetParent !== null) {
+                this.updateSoon(); // what is hidden can't be measured
+            }
             return {first: 0, last: Math.min(length, atFirst)};
         }
         const {height, columns} = this.cell;
