@@ -221,26 +221,26 @@ void ItemListTest::boxesKeepTheMirrorAndTheOperatorApart()
         "list.store(1); list.store(2); list.lock(9);"
         "for (var id = 1; id <= 3000; ++id) { list.add(id, {title: 'Zone ' + id}); }"
         "list.list.view.update()");
-    const auto ticks = [this] { return run("list.ticks().join()").toString(); };
+    const auto ticks = [this] { return text("list.ticks().join()"); };
     QCOMPARE(ticks(), QString("1,2,9"));
-    QVERIFY(run("$('#zone_checkbox_9').is(':checked:disabled')").toBool());
-    QVERIFY(run("$('#zoneList .tick_row').length < 200").toBool());
+    QVERIFY(is("$('#zone_checkbox_9').is(':checked:disabled')"));
+    QVERIFY(is("$('#zoneList .tick_row').length < 200"));
 
     run("$('#zone_1')[0].click(); $('#zone_checkbox_3')[0].click(); $('#zone_9')[0].click()");
     QCOMPARE(ticks(), QString("2,3,9"));
     run("list.clear(); list.store(1); list.store(4); list.unlockAll()");
     QCOMPARE(ticks(), QString("3,4,9"));
-    QCOMPARE(run("foreign").toInt(), 0);
+    QCOMPARE(console().value("foreign").toInt(), 0);
     run("list.store(3)");
-    QCOMPARE(run("foreign").toInt(), 1);
-    QVERIFY(run("list.isTouched()").toBool());
+    QCOMPARE(console().value("foreign").toInt(), 1);
+    QVERIFY(is("list.isTouched()"));
     run("list.reset()");
     QCOMPARE(ticks(), QString("1,3,4"));
 
     run("$('#zoneList').hide(); list.begin(); list.empty(); list.list.view.cell = null;"
         "for (var id = 1; id <= 300; ++id) { list.add(id, {title: 'Zone'}); }"
         "list.list.view.update()");
-    QVERIFY(run("list.list.view.timer === null").toBool());
+    QVERIFY(is("list.list.view.timer === null"));
 }
 
 void ItemListTest::aListEndsWithItsRegion()
