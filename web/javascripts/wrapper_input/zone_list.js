@@ -11,6 +11,7 @@
     // How many units each zone has, those of the zones below it included.
     const zones = new Map(); // per zone: {parent, count, label}
     const counted = new Map(); // per unit, the zones that it counts in
+    let recount = null; // the timer of counting all anew
 
     function zonesAbove(unit) {
         const above = new Set([0]);
@@ -26,6 +27,12 @@
         const zone = zones.get(id);
         if (zone) {
             zone.count += step;
+            paintCount(zone);
+        }
+    }
+
+    function paintCount(zone) {
+        if (recount === null) {
             zone.label.textContent = zone.count;
         }
     }
@@ -42,19 +49,29 @@
         }
     }
 
-    // Begins anew: another page's units, or another tree of zones.
+    // Begins anew: another page's units, or another tree of zones. A tree that changes zone by zone
+    // is counted once, behind the last.
     function countAll() {
         counted.clear();
-        zones.forEach((zone) => (zone.label.textContent = zone.count = 0));
+        zones.forEach((zone) => (zone.count = 0));
         if (cards && cards.list) {
             cards.list.items.forEach((unit) => countUnit(unit.id));
+        }
+        clearTimeout(recount);
+        recount = null;
+        zones.forEach(paintCount);
+    }
+
+    function countSoon() {
+        if (recount === null) {
+            recount = setTimeout(countAll, 0);
         }
     }
 
     function forgetZone(id) {
         zones.forEach((zone) => (zone.parent = zone.parent === id ? 0 : zone.parent));
         zones.delete(id);
-        countAll();
+        countSoon();
     }
 
     // The label of a zone's count.
@@ -109,14 +126,19 @@
             showExpander(formerParent);
             showExpander(parentId);
             zones.get(id).parent = Number(place.attr("id").substr("sub_zone_".length));
-            countAll();
+            countSoon();
         }
     }
 
     page({
         menu_countUnit: countUnit,
-        menu_countAll: countAll,
-        menu_unitsOfZone: (id) => (zones.has(id) ? zones.get(id).count : 0),
+        menu_countAll: countSoon,
+        menu_unitsOfZone: function (id) {
+            if (recount !== null) {
+                countAll();
+            }
+            return zones.has(id) ? zones.get(id).count : 0;
+        },
         menu_chosenZone: () => Number(($("#zone_menu").find(activeZones).attr("id") || "zone_0").substr("zone_".length)),
         menu_ZoneAdd: function (id, name) {
             $("#zone_menu").append(
@@ -175,7 +197,8 @@
         },
     });
 
+    $("#side_menu").on("leave", () => clearTimeout(recount));
     menu_ZoneAdd(0, "Все зоны");
-    countAll();
+    countSoon();
     wrapperLoadZoneList();
 })();
