@@ -217,6 +217,12 @@ void PlaybackPageTest::transportActsOnTheActivePlayback()
     addTracks(20);
     run(action);
     QCOMPARE(takeCalls(), call);
+    // A second press does nothing before the answer has come.
+    run(action);
+    QCOMPARE(takeCalls(), action.endsWith(".click()") && !action.contains("mute") ? "" : call);
+    for (const char* const request : {"playback/playNext", "playback/pause", "playback/stop"}) {
+        Page::call("wrapperInput_global_answered", QString(request), QStringLiteral("success"));
+    }
     // Nothing changes ahead of the answer, and then the buttons change places.
     const bool wasPaused = is("$('#pause').prop('disabled')");
     QCOMPARE(wasPaused, active == 4);

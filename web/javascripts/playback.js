@@ -165,9 +165,10 @@ function activePlayback() {
 function updateTransport() {
     const isOff = activePlayback() === -1;
     const isPaused = Boolean(callPage("menu_isPlaybackPaused"));
-    $("#transport .btn, #transport input").prop("disabled", isOff);
-    $("#transport #play").prop("disabled", isOff || !isPaused);
-    $("#transport #pause").prop("disabled", isOff || isPaused);
+    const mayAct = {play: isPaused, pause: !isPaused};
+    $("#transport .btn, #transport input").prop("disabled", function () {
+        return isOff || mayAct[this.id] === false || answers.isAwaited(this);
+    });
 }
 
 // The volume of the active playback, which may be told before the bar is there.
@@ -209,7 +210,11 @@ function buildTransport() {
             sendVolume();
         },
     };
+    const requests = {backward: "playNext", forward: "playNext", stop: "stop", play: "pause", pause: "pause"};
     $("#transport").on("click", ".btn", function () {
+        if (requests[this.id]) {
+            answers.wait("playback/" + requests[this.id], this, updateTransport);
+        }
         actions[this.id](activePlayback());
     });
     onSliderSet($("#transport #volume_value"), sendVolume);
