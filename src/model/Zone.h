@@ -20,6 +20,7 @@ public:
     /// 0 physical, 1 logical; a unit is in at most one physical zone.
     int getType() const { return type; }
     void setType(int zoneType) { type = zoneType; }
+    bool isLogic() const { return type == 1; }
     /// The parent, or 0 while the mirror doesn't know it.
     int getParentZone() const;
     /// The parent as the server named it, known or not.
@@ -32,7 +33,6 @@ public:
     QVector<int>& getSubZoneList() { return subZoneList; }
     const QVector<int>& getSubZoneList() const { return subZoneList; }
     void addSubZone(int zoneId) { subZoneList.append(zoneId); }
-    void deleteSubZone(int zoneId) { subZoneList.removeAll(zoneId); }
 
     /// Ids of the units in the zone.
     QVector<int>& getDeviceList() { return deviceList; }

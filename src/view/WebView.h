@@ -172,6 +172,19 @@ public Q_SLOTS:
                         const QString& alarmPassword, const QString& roleName);
     void admin_deleteUser(const QString& name);
 
+    // Zones: admin/Zone.cpp
+    /// Fills the list of zones of the page of administration on show, and selects the first.
+    void admin_loadZoneList(bool withParentZone);
+    /// What a new zone of the type "physical" or "logic" may hang below.
+    void admin_loadZoneListForModal(const QString& type);
+    void admin_selectZone(int id);
+    /// `type` "physical" or "logic".
+    void admin_addZone(const QString& title, int parentId, const QString& type);
+    void admin_editZone(int id, const QString& name);
+    void admin_deleteZone(int id);
+    /// All units with the zones that they are in.
+    void admin_loadDeviceForZonesList();
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -12,7 +12,13 @@ void open(const Console& console, const PageRow& page)
 
 bool hasSettled(const Console& console)
 {
-    return console.waitFor("$.active === 0 && $('.was_before').length === 0");
+    // What a fragment has put off to the next turn has come, too.
+    return console.waitFor("$.active === 0 && $('.was_before').length === 0") &&
+           console
+               .value(
+                   "wrapper.turnIsOver = false; setTimeout(() => (wrapper.turnIsOver = true), 0)")
+               .isValid() &&
+           console.waitFor("wrapper.turnIsOver");
 }
 
 QStringList looks(const Console& console, const PageRow& page, const char* except)

@@ -35,6 +35,10 @@ inline constexpr PageRow pageRows[] = {
      "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/users'); "
      "loadBotMenu('admin/users'); loadMainBody('admin/users')",
      "#top_menu #side_menu #main #bot_menu #modal"},
+    {"zones",
+     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/zones'); "
+     "loadBotMenu('admin/zones'); loadMainBody('admin/zones')",
+     "#top_menu #side_menu #main #bot_menu #modal"},
     {"lock settings",
      "loadSideMenu('settings'); loadTopMenu('settings'); loadMainBody('settings/block'); "
      "loadBotMenu('settings/block'); loadModal('settings')",

@@ -108,8 +108,7 @@ QMap<QString, int> nativeCalls(const QMap<QString, QString>& sources)
             const auto match = calls.next();
             const int arguments = countArguments(text, match.capturedEnd()) - 1 +
                                   (text.at(match.capturedEnd()) == ',' ? 0 : 1);
-            const int known = result.value(match.captured(1), -1);
-            result.insert(match.captured(1), known < 0 ? arguments : qMin(known, arguments));
+            result.insert(match.captured(1), qMax(result.value(match.captured(1), -1), arguments));
         }
     }
     return result;

@@ -20,7 +20,7 @@ QMap<QString, QString> readTree(const QString& folder, const QStringList& filter
 QMap<QString, QString> readForwarders(const QString& script);
 /// The calls of slots in a script, by `wrapper` itself and by the forwarders.
 QVector<Call> slotCalls(const QString& text, const QMap<QString, QString>& forwarders);
-/// What native code calls in the pages, with the smallest number of arguments; -1 where only the
+/// What native code calls in the pages, with the largest number of arguments; -1 where only the
 /// name stands in a table.
 QMap<QString, int> nativeCalls(const QMap<QString, QString>& sources);
 

@@ -33,6 +33,14 @@ function setOneClass(selector, classes, chosen) {
     $(selector).removeClass(classes.join(" ")).addClass(chosen);
 }
 
+// The word for a unit's link, in its colour.
+const linkClasses = ["state_offline", "state_incoming", "state_online"];
+
+function paintLinkWord(parts, item) {
+    parts.status.textContent = linkStates[item.status].word;
+    setOneClass(parts.status, linkClasses, linkClasses[item.status]);
+}
+
 // Range fields. The part of one that lies before its button has the accent's colour; one that stands
 // upright is shown turned over, so that up is more.
 function paintSlider() {

@@ -106,6 +106,15 @@ class ListPage {
         this.empty.toggle(this.rows.size === 0);
     }
 
+    // Takes all rows away, to be filled anew.
+    clear() {
+        this.rows.clear();
+        this.body.empty();
+        this.built = 0;
+        this.activeId = null;
+        this.empty.show();
+    }
+
     openFirst(hadFocus) {
         if (this.rows.size === 0) {
             (this.options.emptied || $.noop)();

@@ -19,6 +19,9 @@ function dialogButton(button, kind) {
 //   title     the bar's text
 //   text      one line, or an array of lines
 //   argument  id of an element behind the text that shows the function's argument
+//   subject   id of an element that keeps, out of sight, whom the dialog is about: the function's
+//             first argument then, in front of the one on show
+//   warning   a line behind that
 //   accept    {text: "Ок", kind: "primary", action: function}, all of it optional
 //   cancel    the second button, if there is one: {text: "Отмена", action: function}
 //   opened    called whenever the dialog opens
@@ -31,6 +34,12 @@ function notice(name, options) {
     });
     if (options.argument) {
         body.append($("<p>").attr("id", options.argument));
+    }
+    if (options.subject) {
+        body.append($("<span style='display: none'>").attr("id", options.subject));
+    }
+    if (options.warning) {
+        body.append($("<p class='notice_warning'>").text(options.warning));
     }
     var accept = $.extend({text: "Ок", kind: "primary"}, options.accept);
     var footer = $("<div class='modal-footer'>");
@@ -63,11 +72,13 @@ function notice(name, options) {
             options.opened();
         }
     }
-    page({
-        [name]: options.argument
-            ? open
-            : function () {
-                  open();
-              },
-    });
+    function openAbout(subject, argument) {
+        $("#" + options.subject).text(subject);
+        open(argument);
+    }
+    function openBare() {
+        open();
+    }
+    const ways = [openBare, open, openAbout];
+    page({[name]: ways[options.subject ? 2 : options.argument ? 1 : 0]});
 }

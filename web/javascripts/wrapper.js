@@ -42,6 +42,12 @@ const forwarders = {
     wrapper_AdminUser_Add: "admin_addUser",
     wrapper_AdminUser_Edit: "admin_editUser",
     wrapper_AdminUser_Delete: "admin_deleteUser",
+    wrapper_AdminZone_loadList: "admin_loadZoneList",
+    wrapper_AdminZone_loadListForModal: "admin_loadZoneListForModal",
+    wrapper_AdminZone_loadZone: "admin_selectZone",
+    wrapper_AdminZone_addZone: "admin_addZone",
+    wrapper_AdminZone_editZone: "admin_editZone",
+    wrapper_AdminZone_deleteZone: "admin_deleteZone",
 
     // Settings of the client
     wrapper_settings_mediaInit: "settings_media_init",
