@@ -34,7 +34,7 @@ QVector<int> zonesToLeave(const Installation& installation, int unit, const Zone
     return leaving;
 }
 
-using Rows = std::array<Prompt::Row, 17>;
+using Rows = std::array<Prompt::Row, 18>;
 
 QString usage(const Prompt::Row& row)
 {
@@ -81,6 +81,7 @@ QString Prompt::execute(const QString& line)
         {"battery", "<units> <percent>", "charges units' batteries so far", &Prompt::battery},
         {"case", "<units> open|close", "opens or closes units", &Prompt::housing},
         {"line", "<units> <line> ok|break", "breaks or mends a line of units", &Prompt::line},
+        {"terminal", "<units> <line>", "lets a new terminal device appear", &Prompt::terminal},
         {"right", "<role> <right> on|off|<level>", "gives a right or takes it", &Prompt::right},
         {"role", "<user> <role>", "moves an account to another role", &Prompt::role},
         {"zone", "<units> <zone>", "moves units to another zone", &Prompt::zone},
@@ -190,6 +191,18 @@ QString Prompt::line(const QStringList& arguments)
     }
     server.tellUnits(unitsIn(arguments.first()));
     return {};
+}
+
+QString Prompt::terminal(const QStringList& arguments)
+{
+    const int tip = arguments.at(1).toInt();
+    return changeUnits(arguments.first(), [tip](Unit& unit) {
+        const bool isKnown = std::any_of(unit.lines.begin(), unit.lines.end(),
+                                         [tip](const Line& line) { return line.tipId == tip; });
+        if (!isKnown) {
+            unit.lines.append({tip, QString("Оконечное устройство %1").arg(tip), true, true});
+        }
+    });
 }
 
 QString Prompt::right(const QStringList& arguments)

@@ -40,6 +40,7 @@ private:
     QString battery(const QStringList& arguments);
     QString housing(const QStringList& arguments);
     QString line(const QStringList& arguments);
+    QString terminal(const QStringList& arguments);
     QString right(const QStringList& arguments);
     QString role(const QStringList& arguments);
     QString zone(const QStringList& arguments);

@@ -7,6 +7,8 @@
 #include "simulator/commands/UnitReport.h"
 #include "simulator/state/Access.h"
 
+#include <QTimer>
+
 #include <algorithm>
 
 namespace simulator
@@ -193,6 +195,9 @@ void Server::serve(Session& session, const QJsonObject& request)
     Context context(state, session, microphone, connectedAccounts());
     session.reply(request, answer(context, request));
     broadcast(context.pushes());
+    for (const Later& later : context.delayed()) {
+        QTimer::singleShot(later.milliseconds, this, [this, deed = later.deed] { deed(*this); });
+    }
     if (session.account().isEmpty()) {
         silenceIfSpeaker(session);
     }

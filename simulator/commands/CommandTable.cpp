@@ -18,8 +18,9 @@ QHash<Key, Command> makeTable()
     for (const auto& protocol :
          {userCommands(), userEditingCommands(), roleCommands(), roleEditingCommands(),
           helperCommands(), serverCommands(), logCommands(), deviceCommands(),
-          deviceSettingsCommands(), deviceMemoryCommands(), zoneCommands(), playbackCommands(),
-          playbackControlCommands(), redirectionCommands(), presetCommands(), taskCommands()}) {
+          deviceSettingsCommands(), deviceServiceCommands(), deviceMemoryCommands(), zoneCommands(),
+          playbackCommands(), playbackControlCommands(), redirectionCommands(), presetCommands(),
+          taskCommands()}) {
         for (const Command& command : protocol) {
             table.insert({command.protocol, command.action}, command);
         }

@@ -30,6 +30,7 @@ Commands serverCommands();
 Commands logCommands();
 Commands deviceCommands();
 Commands deviceSettingsCommands();
+Commands deviceServiceCommands();
 Commands deviceMemoryCommands();
 Commands zoneCommands();
 Commands playbackCommands();

@@ -6,6 +6,7 @@
 
 #include <QJsonObject>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -13,6 +14,7 @@ namespace simulator
 {
 
 class AudioReceiver;
+class Server;
 
 /// A message of the server's own accord, and who hears it.
 struct Push {
@@ -29,6 +31,12 @@ Push reloadPush(const QString& request);
 /// The push by which a unit enters or leaves a zone: `action` is "includeDevice" or
 /// "excludeDevice". Who does not see the zone does not hear of it; zone 0 is everybody's.
 Push membershipPush(const QString& action, int zone, int unit);
+
+/// What happens a while after a reply.
+struct Later {
+    int milliseconds;
+    std::function<void(Server&)> deed;
+};
 
 /// What a command handler works with: the state, who asks, and the pushes that follow its reply.
 class Context
@@ -56,6 +64,12 @@ public:
     /// The same to all but the one that asks.
     void pushToOthers(Push push);
     const std::vector<Push>& pushes() const { return outbox; }
+    /// Does something a while after the reply, unless the server has ended by then.
+    void later(int milliseconds, std::function<void(Server&)> deed)
+    {
+        deeds.push_back({milliseconds, std::move(deed)});
+    }
+    const std::vector<Later>& delayed() const { return deeds; }
 
 private:
     Installation& state;
@@ -63,6 +77,7 @@ private:
     AudioReceiver& microphone;
     QStringList connected;
     std::vector<Push> outbox;
+    std::vector<Later> deeds;
 };
 
 } // namespace simulator

@@ -15,13 +15,6 @@ namespace
 
 constexpr int longestTitle = 32;
 
-/// The unit of a request, when it can be told something: known to the asker and connected.
-Unit* reachableUnitIn(Context& context, const QJsonObject& request)
-{
-    Unit* unit = unitIn(context, request);
-    return unit && unit->link == Link::Bidirectional ? unit : nullptr;
-}
-
 /// Makes the other consoles read everything about the unit again.
 void tellSettings(Context& context, const Unit& unit)
 {

@@ -9,4 +9,10 @@ Unit* unitIn(Context& context, const QJsonObject& request)
     return unit && context.access().sees(*unit) ? unit : nullptr;
 }
 
+Unit* reachableUnitIn(Context& context, const QJsonObject& request)
+{
+    Unit* unit = unitIn(context, request);
+    return unit && unit->link == Link::Bidirectional ? unit : nullptr;
+}
+
 } // namespace simulator

@@ -68,6 +68,8 @@ struct Unit {
     std::optional<MemoryRun> memoryRun;
     int availableMemory = 0; ///< bytes
     QString memoryStamp;
+    /// Whether its line has terminal devices, and its equaliser ten bands.
+    bool isNewGeneration() const { return versionPss.section('.', 0, 0).toInt() > 0; }
     bool linkByHand = false;  ///< set at the prompt, so life leaves the link as it is
     bool powerByHand = false; ///< the same for battery and mains
 };

@@ -10,6 +10,7 @@
 #include "page/ScriptCall.h"
 #include "protocol/Commands.h"
 #include "protocol/DeviceMemory.h"
+#include "protocol/DeviceService.h"
 #include "protocol/DeviceSettings.h"
 #include "protocol/DeviceState.h"
 #include "protocol/FieldSetter.h"
@@ -31,7 +32,7 @@ constexpr CommandRow commands[] = {
     {"getChannel"},
     {"setEqualizer", protocolDeviceCommandSetEqualizer},
     {"getEqualizer", protocolDeviceCommandGetEqualizer},
-    {"reboot"},
+    {"reboot", protocolDeviceCommandReboot},
     {"saveFirmware"},
     {"deleteFirmware"},
     {"listFirmware"},
@@ -57,14 +58,14 @@ constexpr CommandRow commands[] = {
     {"stop", protocolDeviceCommandStop},
     {"getConfig", protocolDeviceCommandGetConfig},
     {"setConfig", protocolDeviceCommandSetConfig},
-    {"measureLine"},
-    {"exchangeHardwareAddresses"},
-    {"addTipDevice"},
-    {"addTipDevices"},
-    {"removeTipDevice"},
-    {"removeTipDevices"},
-    {"setTipDeviceTitle"},
-    {"getDebugInfo"},
+    {"measureLine", protocolDeviceCommandMeasureLine},
+    {"exchangeHardwareAddresses", protocolDeviceCommandExchangeHardwareAddresses},
+    {"addTipDevice", protocolDeviceCommandAddTipDevice},
+    {"addTipDevices", protocolDeviceCommandAddTipDevices},
+    {"removeTipDevice", protocolDeviceCommandRemoveTipDevice},
+    {"removeTipDevices", protocolDeviceCommandRemoveTipDevices},
+    {"setTipDeviceTitle", protocolDeviceCommandSetTipDeviceTitle},
+    {"getDebugInfo", protocolDeviceCommandGetDebugInfo},
 };
 
 /// What an element says of a unit's playback. The kinds of category -1 are heard of a new unit

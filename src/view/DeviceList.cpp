@@ -9,10 +9,9 @@
 #include "protocol/DeviceState.h"
 #include "protocol/Request.h"
 #include "protocol/ZoneMembership.h"
+#include "view/EqualizerLevels.h"
 #include "view/ScriptPipe.h"
 #include "view/SlotLog.h"
-
-#include <QJsonArray>
 
 namespace
 {
@@ -41,20 +40,6 @@ void showHealth(const Device& device)
     Page::call("wrapperInput_device_setBatteryLevel", id, device.getBatteryLevel());
     Page::call("wrapperInput_device_setBattery", id, device.getBatteryStatus());
     device.updateLinesStatus();
-}
-
-/// The levels as numbers; nothing if one of them is none.
-std::optional<QJsonArray> readLevels(const QVariantList& levels)
-{
-    QJsonArray result;
-    for (const QVariant& level : levels) {
-        bool isNumber = false;
-        result.append(level.toDouble(&isNumber));
-        if (!isNumber) {
-            return std::nullopt;
-        }
-    }
-    return result;
 }
 
 } // namespace
@@ -120,13 +105,7 @@ void WebView::deviceInfo_setDeviceEqualizer(int id, const QVariantList& levels)
 {
     const SlotLog log("deviceInfo_setDeviceEqualizer", {}, LogLevel::DeviceControl);
     const Device* const device = Data::getDeviceById(id);
-    const auto numbers = readLevels(levels);
-    if (!device || !numbers) {
-        return;
-    }
     // Bass and treble of a unit without ten bands have no switch: setting them turns them on.
-    const bool enabled = !device->hasTenBands() || device->isEqualizerEnabled();
-    send(DeviceCommand::SetEqualizer, {{QStringLiteral("id"), id},
-                                       {QStringLiteral("enabled"), enabled},
-                                       {QStringLiteral("levels"), *numbers}});
+    const bool enabled = device && (!device->hasTenBands() || device->isEqualizerEnabled());
+    sendEqualizer(id, enabled, levels);
 }

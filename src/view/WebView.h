@@ -185,6 +185,36 @@ public Q_SLOTS:
     /// All units with the zones that they are in.
     void admin_loadDeviceForZonesList();
 
+    // Settings of a unit: admin/Device.cpp
+    /// All units with free memory and version, the same for every page of them; selects the first.
+    void admin_loadDeviceList();
+    void admin_selectDevice(int id);
+    void admin_findLostDevices();
+    /// `force` takes the unit out of presets and tasks, too.
+    void admin_deleteDevice(int id, bool force);
+    /// The two units exchange their hardware addresses.
+    void admin_replaceDevice(int id, int withDevice);
+    void admin_editDeviceName(int id, const QString& title);
+    /// `settings` by the names of the wire; numbers may come as text.
+    void admin_editDeviceSettings(int id, const QVariantMap& settings);
+    /// One level a band, as the unit's generation has them.
+    void admin_setDeviceEqualizer(int id, bool enabled, const QVariantList& levels);
+    /// Shows the addresses of a mode without a message to the server: 0 the static ones, another
+    /// those in force.
+    void admin_changeDeviceDHCPMode(int id, int mode);
+    void admin_rebootDevice(int id);
+    void admin_measureDeviceLine(int id);
+    void admin_getDebugInfo(int id);
+
+    // Lines of a unit: admin/LineControl.cpp
+    void admin_selectLineControlDevice(int id);
+    void admin_getLineControlForDevice(int id);
+    void admin_addLineControlForDevice(int deviceId, int tipId);
+    void admin_addLineControlForDevices(int deviceId);
+    void admin_deleteLineControlForDevice(int deviceId, int tipId);
+    void admin_deleteLineControlForDevices(int deviceId);
+    void admin_editLineControlForDevice(int deviceId, int tipId, const QString& title);
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

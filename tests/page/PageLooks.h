@@ -39,6 +39,14 @@ inline constexpr PageRow pageRows[] = {
      "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/zones'); "
      "loadBotMenu('admin/zones'); loadMainBody('admin/zones')",
      "#top_menu #side_menu #main #bot_menu #modal"},
+    {"unit settings",
+     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/devices'); "
+     "loadBotMenu('admin/devices'); loadMainBody('admin/devices')",
+     "#top_menu #side_menu #main #bot_menu #modal"},
+    {"line control",
+     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/devices_line_control'); "
+     "loadBotMenu('admin/devices_line_control'); loadMainBody('admin/devices_line_control')",
+     "#top_menu #side_menu #main #bot_menu #modal"},
     {"lock settings",
      "loadSideMenu('settings'); loadTopMenu('settings'); loadMainBody('settings/block'); "
      "loadBotMenu('settings/block'); loadModal('settings')",

@@ -22,7 +22,7 @@ namespace
 /// What native code tells of a subject, but not every page that shows something of it shows.
 struct Exception {
     /// Those that do hear it, with "|" between; none where the page is to come. Behind a "!" those
-    /// that don't.
+    /// that don't. "administration" are the pages of that section.
     const char* pages;
     const char* reason;
     QStringList names;
@@ -87,7 +87,7 @@ const QVector<Exception> exceptions = {
     {"new playback|alarm messages",
      "the tracks of a playback's folder go one by one",
      {"wrapperInput_playback_deletePlaylist"}},
-    {"users|zones",
+    {"administration",
      "only the side menu of the administration goes by these rights",
      {"wrapperInput_roleGlobal_editDeviceManagement",
       "wrapperInput_roleGlobal_editPlaybackManagement",
@@ -95,6 +95,9 @@ const QVector<Exception> exceptions = {
       "wrapperInput_roleGlobal_editScheduleManagement",
       "wrapperInput_roleGlobal_editServerManagement", "wrapperInput_roleGlobal_editUserManagement",
       "wrapperInput_roleGlobal_editZoneManagement"}},
+    {"unit settings",
+     "only the form of a unit asks for it",
+     {"wrapperInput_device_debugInfo", "wrapperInput_device_hideDebugInfo"}},
     {"zones",
      "only the administration of zones asks for it",
      {"wrapperInput_zone_modalAdd", "wrapperInput_zone_select"}},
@@ -132,6 +135,9 @@ bool mustHear(const PageRow& page, const QString& function)
     for (const Exception& exception : exceptions) {
         if (exception.names.contains(function)) {
             const QString pages = QString::fromLatin1(exception.pages);
+            if (pages == "administration") {
+                return QByteArray(page.open).contains("loadSideMenu('admin')");
+            }
             return pages.mid(pages.startsWith('!')).split('|').contains(page.name) !=
                    pages.startsWith('!');
         }

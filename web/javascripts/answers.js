@@ -4,10 +4,15 @@ const answers = (function () {
     const longest = 10000; // milliseconds until a control comes back without an answer
     const awaited = []; // {request, controls, focused, ended, timer}
 
+    // Whether a control still waits.
+    function isAwaited(control) {
+        return awaited.some((wait) => wait.controls.is(control));
+    }
+
     function end(wait, word) {
         clearTimeout(wait.timer);
         awaited.splice(awaited.indexOf(wait), 1);
-        wait.controls.prop("disabled", false);
+        wait.controls.not((index, control) => isAwaited(control)).prop("disabled", false);
         if (wait.focused && document.activeElement === document.body) {
             dialogs.giveFocus(wait.focused);
         }
@@ -30,12 +35,7 @@ const answers = (function () {
             awaited.push(wait);
             wait.controls.prop("disabled", true);
         },
-        // Whether a control still waits.
-        isAwaited: function (control) {
-            return awaited.some(function (wait) {
-                return wait.controls.is(control);
-            });
-        },
+        isAwaited: isAwaited,
         come: function (request, word) {
             endThose(function (wait) {
                 return wait.request === request;

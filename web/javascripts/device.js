@@ -41,6 +41,13 @@ function paintLinkWord(parts, item) {
     setOneClass(parts.status, linkClasses, linkClasses[item.status]);
 }
 
+// The state of a line, or of a terminal device where those can be edited: being new goes first.
+function showLineState(cell, state, isNew, editable) {
+    const words = editable ? ["Подключено", "Отключено"] : ["Нормально", "Ошибка"];
+    setOneClass(cell, linkClasses, linkClasses[Number(isNew) === 1 ? 1 : state === 0 ? 2 : 0]);
+    cell.text(Number(isNew) === 1 ? "Новое" : words[state === 0 ? 0 : 1]);
+}
+
 // Range fields. The part of one that lies before its button has the accent's colour; one that stands
 // upright is shown turned over, so that up is more.
 function paintSlider() {
@@ -96,6 +103,28 @@ $(document)
     .on("change mouseup", "input.slider", hideSliderNumber)
     .on("focusout", "input.slider", hideSliderNumber)
     .ready(() => $("<div id='slider_number' class='digits'>").hide().appendTo("body"));
+
+function deviceSlider(id, minimum, maximum, step) {
+    return $("<input type='range' class='slider'>").attr({id: id, min: minimum, max: maximum, step: step});
+}
+
+// One band of an equaliser, upright, with its number below and its gain above. The field counts
+// downwards.
+function bandSlider(band) {
+    function showGain() {
+        $(this).closest(".equalizer_band").find(".band_gain").text(sliderText(this).replace(" дБ", ""));
+    }
+    return $("<div class='equalizer_band'>").append(
+        $("<span class='band_gain digits'>"),
+        $("<span class='band_slider'>").append(
+            deviceSlider("device_equalizer_" + band, -6, 6, 1)
+                .addClass("slider_turned")
+                .attr({"data-unit": "дБ", title: "Полоса " + (band + 1)})
+                .on("input slider:shown", showGain)
+        ),
+        $("<span class='band_number quiet'>").text(band + 1)
+    );
+}
 
 // The page of one unit.
 function wrapperLoadDeviceInfo(id) {

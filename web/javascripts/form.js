@@ -129,6 +129,62 @@ function switchField(on, off) {
     return new SwitchField(on, off);
 }
 
+// A range field as a part of a form. What the mirror holds may lie between two of its steps, and is
+// kept as it is until the operator moves the field. A turned one counts downwards.
+class SliderField {
+    constructor(selector) {
+        this.field = $(selector);
+        this.sign = this.field.hasClass("slider_turned") ? -1 : 1;
+        this.foreign = $.noop; // called when the mirror changes what the operator has moved
+        this.isOwn = false;
+        this.stored = 0;
+        this.field.on("input change", () => (this.isOwn = true));
+    }
+
+    value() {
+        return this.isOwn ? this.sign * Number(this.field.val()) : this.stored;
+    }
+
+    store(value) {
+        const isForeign = this.isTouched() && value !== this.stored && value !== this.value();
+        this.stored = value;
+        if (isForeign) {
+            this.foreign();
+        } else if (!this.isTouched()) {
+            this.reset();
+        }
+    }
+
+    isTouched() {
+        return this.isOwn && this.value() !== this.stored;
+    }
+
+    // Puts the field somewhere as the operator would.
+    move(value) {
+        setSlider(this.field, this.sign * value);
+        this.field.trigger("input");
+    }
+
+    reset() {
+        this.isOwn = false;
+        setSlider(this.field, this.sign * this.stored);
+        this.field.trigger("slider:shown");
+    }
+
+    begin() {
+        this.isOwn = false;
+    }
+
+    take() {
+        this.stored = this.value();
+        this.isOwn = false;
+    }
+}
+
+function sliderField(selector) {
+    return new SliderField(selector);
+}
+
 // A select box with its list in the dialog that it stands in, if there is one. The placeholder is
 // what it shows while nothing is chosen.
 function buildSelect(selector, placeholder) {

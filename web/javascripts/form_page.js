@@ -7,7 +7,8 @@
 //   secrets  ["#user_password"]: fields that start empty and are sent only if filled in
 //   rules    {title: function (value): a word for what is wrong, "" where nothing is}
 //   save     function (values, id): sends; answers false if there was nothing to send
-//   request  what the save waits for, "user/edit"
+//   request  what the save waits for, "user/edit"; a save in several steps has an array of them, or a
+//            function that gives it: each is sent when the one before has succeeded
 
 // The form on show, which may hold what isn't saved yet.
 const forms = (function () {
@@ -144,6 +145,11 @@ class FormPage {
         });
     }
 
+    // What the mirror tells of these fields next is shown whatever the operator has typed there.
+    forget(names) {
+        names.forEach((name) => delete this.stored[name]);
+    }
+
     // A record that has taken the place of another owes nothing to that one's changes.
     begin(id) {
         forms.giveUp();
@@ -188,8 +194,9 @@ class FormPage {
         const id = this.id;
         const values = {};
         Object.keys(this.options.fields).forEach((name) => (values[name] = this.value(name)));
-        answers.wait(this.options.request, "#save", (word) => {
-            if (word === "success" && this.id === id && forms.isOn(this)) {
+        const request = this.options.request;
+        this.await([].concat(typeof request === "function" ? request() : request), () => {
+            if (this.id === id && forms.isOn(this)) {
                 this.taken(values);
                 (then || $.noop)();
             }
@@ -197,6 +204,16 @@ class FormPage {
         if (this.options.save(values, id) === false) {
             answers.forget("#save");
         }
+    }
+
+    await(requests, done) {
+        answers.wait(requests[0], "#save", (word) => {
+            if (word === "success" && requests.length > 1 && forms.isOn(this)) {
+                this.await(requests.slice(1), done);
+            } else if (word === "success") {
+                done();
+            }
+        });
     }
 
     taken(values) {

@@ -190,7 +190,10 @@ class ListPage {
                 .text(cell.text)
         );
         if (row.element.children().length === 0) {
-            row.element.append(cells, $("<td class='column_button'>").append(this.buttons(row.fields)));
+            row.element.append(cells);
+            if (this.options.buttons.length) {
+                row.element.append($("<td class='column_button'>").append(this.buttons(row.fields)));
+            }
         } else {
             cells.forEach((cell, index) => row.element.children().eq(index).replaceWith(cell));
         }

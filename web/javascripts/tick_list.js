@@ -19,6 +19,7 @@ class TickList {
         this.stored = new Set(); // what the mirror holds
         this.own = new Set(); // what the operator has turned round
         this.locked = new Set();
+        this.isOff = false; // whether the operator may turn none
         this.foreign = $.noop; // called when the mirror changes what the operator has turned round
         this.hint = $("<div class='empty_list'>").text(options.empty).insertAfter(options.list);
         this.list = itemList({
@@ -57,8 +58,8 @@ class TickList {
             ticked: [(parts, item) => (parts.checkbox.checked = item.ticked)],
             locked: [
                 (parts, item) => {
-                    parts.checkbox.disabled = item.locked;
-                    parts.root.classList.toggle("tick_locked", item.locked);
+                    parts.checkbox.disabled = item.locked || this.isOff;
+                    parts.root.classList.toggle("tick_locked", item.locked || this.isOff);
                 },
             ],
         };
@@ -93,7 +94,7 @@ class TickList {
     // The operator's click or key.
     turn(id) {
         const item = this.list.get(id);
-        if (!item.locked) {
+        if (!item.locked && !this.isOff) {
             this.list.toggleTick(id);
             this.own[item.ticked === this.stored.has(id) ? "delete" : "add"](id);
             this.options.ticked(id);
@@ -143,6 +144,19 @@ class TickList {
 
     ids() {
         return this.list.everyItem().map((item) => item.id);
+    }
+
+    // The mirror's word about a box whose turning was a request of its own.
+    settle(id, isTicked) {
+        this.own.delete(id);
+        this.stored[isTicked ? "add" : "delete"](id);
+        this.list.tick(id, isTicked);
+    }
+
+    // Whether the operator may turn boxes at all.
+    setEnabled(isEnabled) {
+        this.isOff = !isEnabled;
+        this.list.everyItem().forEach((item) => this.list.view.paint(item, "locked"));
     }
 
     // As a part of a form.

@@ -16,6 +16,11 @@ function setText(element, text) {
     }
 }
 
+// The number that an element shows, such as the id that a dialog keeps.
+function textNumber(selector) {
+    return Number($(selector).text());
+}
+
 // A long text without a blank gets one in its middle, so that it can wrap.
 String.prototype.splitByLength = function () {
     if (this.length > 30 && this.indexOf(" ") === -1) {

@@ -4,6 +4,8 @@
     const bandCount = 10;
     const labelStates = ["state_offline", "state_incoming", "state_online"]; // by the link
 
+    let simpleBands = []; // bass and treble
+
     function shownDevice() {
         return Number($("#device_id").val());
     }
@@ -25,28 +27,6 @@
             .appendTo("#device_panel");
     }
 
-    function deviceSlider(id, minimum, maximum, step) {
-        return $("<input type='range' class='slider'>").attr({id: id, min: minimum, max: maximum, step: step});
-    }
-
-    // One band, upright, with its number below and its gain above. The field counts downwards.
-    function bandSlider(band) {
-        return $("<div class='equalizer_band'>").append(
-            $("<span class='band_gain digits'>"),
-            $("<span class='band_slider'>").append(
-                deviceSlider("device_equalizer_" + band, -6, 6, 1)
-                    .addClass("slider_turned")
-                    .attr({"data-unit": "дБ", title: "Полоса " + (band + 1)})
-                    .on("input", showGain)
-            ),
-            $("<span class='band_number quiet'>").text(band + 1)
-        );
-    }
-
-    function showGain() {
-        $(this).closest(".equalizer_band").find(".band_gain").text(sliderText(this).replace(" дБ", ""));
-    }
-
     function buildEqualizer() {
         var simple = $("<div id='device_equalizer_v2'>").append(
             $("<div class='panel_row'>").append(
@@ -66,8 +46,9 @@
             $("<div class='panel_row'>").append($("<span class='panel_label'>").text("Эквалайзер, дБ"), bands)
         );
         $("#device_panel").append(simple, full);
+        simpleBands = [sliderField(simple.find("#device_bass")), sliderField(simple.find("#device_treble"))];
         onSliderSet(simple.find("input"), function () {
-            wrapper_device_setEqualizer(shownDevice(), [Number($("#device_bass").val()), Number($("#device_treble").val())]);
+            wrapper_device_setEqualizer(shownDevice(), simpleBands.map((slider) => slider.value()));
         });
         onSliderSet(full.find("input"), function () {
             wrapper_device_setEqualizer(
@@ -101,16 +82,6 @@
         addPanelRow("Громкость", deviceSlider("device_volume", 0, 100, 1));
         onSliderSet($("#main #device_volume"), (field) => wrapperSetDeviceVolume(shownDevice(), Number(field.value)));
         buildEqualizer();
-    }
-
-    function lineState(state, isNew, editable) {
-        if (isNew) {
-            return {text: "Новое", style: "state_incoming"};
-        }
-        if (state === 0) {
-            return {text: editable ? "Подключено" : "Нормально", style: "state_online"};
-        }
-        return {text: editable ? "Отключено" : "Ошибка", style: "state_offline"};
     }
 
     function zoneRow(id) {
@@ -213,10 +184,11 @@
                 return;
             }
             if (band < 2) {
-                setSlider(["#device_bass", "#device_treble"][band], value);
+                simpleBands[band].begin(); // the server's word counts, whatever was sent
+                simpleBands[band].store(value);
             }
             setSlider("#device_equalizer_" + band, -value);
-            $("#device_equalizer_" + band).each(showGain);
+            $("#device_equalizer_" + band).trigger("slider:shown");
         },
         wrapperInput_device_setEqualizerEnabled: function (id, status) {
             if (isDeviceShown(id)) {
@@ -308,9 +280,7 @@
         },
         wrapperInput_deviceLine_setState: function (deviceId, id, state, isNew, editable) {
             if (isDeviceShown(deviceId)) {
-                var shown = lineState(state, isNew, editable);
-                setOneClass("#line_control_state_" + id, ["state_online", "state_incoming", "state_offline"], shown.style);
-                $("#line_control_state_" + id).text(shown.text);
+                showLineState($("#line_control_state_" + id), state, isNew, editable);
             }
         },
         wrapperInput_deviceLine_setNew: function (deviceId, id, state, isNew, editable) {
