@@ -85,7 +85,7 @@ Program::Basis::~Basis()
 Program::Program(const QStringList& arguments)
     : basis(arguments),
       serverList(Configuration::serverFile()),
-      webView(scriptPipe, discovery, idleLock)
+      webView({scriptPipe, discovery, idleLock, folderBrowser, upload})
 {
     if (!QFile::exists(Configuration::serverFile())) {
         serverList.saveList();
@@ -97,6 +97,7 @@ Program::Program(const QStringList& arguments)
     joinProtocols();
     Data::tcpClient.setFingerprintFile(Configuration::fingerprintFile());
     audioManager.join();
+    upload.join();
     joinView();
 }
 
@@ -131,6 +132,8 @@ void Program::joinView()
 void Program::endSession()
 {
     audioManager.release();
+    upload.stop();
+    folderBrowser.stop();
     webView.stopTimers();
     if (Data::tcpClient.hasLostConnection() && !Data::leaving) {
         webView.tellConnectionLost();

@@ -2,6 +2,8 @@
 
 #include "app/InterruptWatch.h"
 #include "app/QtMessages.h"
+#include "files/FolderBrowser.h"
+#include "files/Upload.h"
 #include "log/LogSettings.h"
 #include "media/AudioManager.h"
 #include "media/PlaybackUpdater.h"
@@ -53,5 +55,7 @@ private:
     ScriptPipe scriptPipe;
     Discovery discovery;
     IdleLock idleLock;
+    FolderBrowser folderBrowser;
+    Upload upload;
     WebView webView;
 };

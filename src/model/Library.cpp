@@ -67,3 +67,11 @@ int Library::getTrackNewPositionId(int playlistId)
     }
     return position;
 }
+
+QString Library::cleanTitle(QString title)
+{
+    for (const char refused : {'\\', '/', '"', '\'', '@', '^', '<', '>'}) {
+        title.remove(QLatin1Char(refused));
+    }
+    return title.replace(QLatin1Char('&'), QLatin1String("and"));
+}

@@ -19,4 +19,7 @@ QString getPlaylistName(int index);
 int getPlaylistNewPositionId(int parentId);
 int getTrackNewPositionId(int playlistId);
 
+/// A title as the server takes it: without the characters that it refuses, "&" as "and".
+QString cleanTitle(QString title);
+
 } // namespace Library

@@ -12,6 +12,8 @@
 
 #include <utility>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -173,6 +175,13 @@ std::optional<PacketInfo> NetworkParser::takePacket(const QJsonObject& message)
     PacketInfo info = std::move(packet->second);
     packets.erase(packet);
     return info;
+}
+
+bool NetworkParser::isWaiting(int protocolId, int commandId) const
+{
+    return std::any_of(packets.begin(), packets.end(), [&](const auto& packet) {
+        return packet.second.protocolId == protocolId && packet.second.commandId == commandId;
+    });
 }
 
 void NetworkParser::parseReply(QJsonObject message)

@@ -97,6 +97,8 @@ public:
     void reset();
     /// How many requests wait for their reply.
     int getPacketCount() const { return static_cast<int>(packets.size()); }
+    /// Whether one of them is of that command.
+    bool isWaiting(int protocolId, int commandId) const;
 
 private:
     void parsePush(const QJsonObject& message);

@@ -23,7 +23,7 @@ namespace
 
 constexpr CommandRow commands[] = {
     {"getDevices", protocolDeviceCommandGetDevices},
-    {"findLostDevices"},
+    {"findLostDevices", ignoreReply},
     {"getState", protocolDeviceCommandGetState},
     {"getTitle", protocolDeviceCommandGetTitle},
     {"setTitle", protocolDeviceCommandSetTitle},

@@ -12,6 +12,7 @@
 #include "protocol/Commands.h"
 #include "protocol/FieldSetter.h"
 #include "protocol/Forbidden.h"
+#include "protocol/LibraryEditing.h"
 #include "protocol/PlaybackLibrary.h"
 #include "protocol/PlaybackList.h"
 #include "protocol/PlaybackState.h"
@@ -23,16 +24,16 @@ namespace
 {
 
 constexpr CommandRow commands[] = {
-    {"addPlaylist"},
-    {"addTrack"},
-    {"endTrack"},
-    {"includeTrack"},
-    {"excludeTrack"},
-    {"setPosition"},
-    {"setRepetition"},
+    {"addPlaylist", protocolPlaybackCommandAddPlaylist},
+    {"addTrack", protocolPlaybackCommandAddTrack},
+    {"endTrack", protocolPlaybackCommandEndTrack},
+    {"includeTrack", protocolPlaybackCommandIncludeTrack},
+    {"excludeTrack", protocolPlaybackCommandExcludeTrack},
+    {"setPosition", protocolPlaybackCommandSetPosition},
+    {"setRepetition", protocolPlaybackCommandSetRepetition},
     {"setVolume", protocolPlaybackCommandSetVolume},
-    {"setTitle"},
-    {"remove"},
+    {"setTitle", protocolPlaybackCommandSetTitle},
+    {"remove", protocolPlaybackCommandRemove},
     {"list", protocolPlaybackCommandList},
     {"getTrack", protocolPlaybackCommandGetTrack},
     {"play", protocolPlaybackCommandPlay},

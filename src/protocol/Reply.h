@@ -25,6 +25,11 @@ inline QJsonObject request(const QJsonObject& reply)
     return reply.value(QLatin1String("requestReply")).toObject();
 }
 
+/// The handler of a command whose reply changes nothing in the mirror.
+inline void ignoreReply(const QJsonObject&)
+{
+}
+
 /// A word with which the server refuses, and the page's dialog for it.
 struct Refusal {
     const char* response;

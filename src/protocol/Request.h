@@ -14,3 +14,10 @@ template <class Command> void send(Command command, const QJsonObject& fields = 
 {
     sendRequest(protocolOf(command), static_cast<int>(command), fields);
 }
+
+/// Whether a request of that kind is under way.
+bool isRequestWaiting(ProtocolId protocol, int command);
+template <class Command> bool isWaiting(Command command)
+{
+    return isRequestWaiting(protocolOf(command), static_cast<int>(command));
+}

@@ -37,10 +37,12 @@ void keepCachesSmall()
 
 } // namespace
 
-WebView::WebView(ScriptPipe& scriptPipe, Discovery& serverDiscovery, IdleLock& screenLock)
-    : scripts(scriptPipe),
-      discovery(serverDiscovery),
-      lock(screenLock),
+WebView::WebView(const Parts& parts)
+    : scripts(parts.scripts),
+      discovery(parts.discovery),
+      lock(parts.lock),
+      folders(parts.folders),
+      upload(parts.upload),
       view(std::make_unique<QWebView>())
 {
     keepCachesSmall();

@@ -8,10 +8,12 @@
 
 class Device;
 class Discovery;
+class FolderBrowser;
 class IdleLock;
 class QWebFrame;
 class QWebView;
 class ScriptPipe;
+class Upload;
 
 /// The window, and the single door between pages and native code: published to the pages as
 /// `wrapper`, it receives every action of the operator through its slots, which send a request or
@@ -21,7 +23,14 @@ class WebView : public QObject
     Q_OBJECT
 public:
     /// Begins to load the login page; the parts have to outlive the window.
-    WebView(ScriptPipe& scriptPipe, Discovery& serverDiscovery, IdleLock& screenLock);
+    struct Parts {
+        ScriptPipe& scripts;
+        Discovery& discovery;
+        IdleLock& lock;
+        FolderBrowser& folders;
+        Upload& upload;
+    };
+    explicit WebView(const Parts& parts);
     ~WebView() override;
 
     /// The top-level window.
@@ -185,6 +194,26 @@ public Q_SLOTS:
     /// All units with the zones that they are in.
     void admin_loadDeviceForZonesList();
 
+    // The library, disks and uploads: admin/Playback.cpp
+    /// A folder's content, with the way up in front.
+    void admin_loadPlaybackWithPlaylist(int id);
+    /// All folders by category; alarms and gongs only if `isFull`.
+    void admin_loadPlaylistList(bool isFull);
+    void admin_loadPlaylistTracks(int id);
+    void admin_addPlaylist(int parentId, const QString& name);
+    /// A radio link.
+    void admin_addTrack(int parentId, const QString& name, const QString& url);
+    void admin_editTrackOrPlaylist(int id, const QString& name);
+    void admin_deleteTrack(int id, int parentId);
+    /// With all that it holds, depth first; a branch that plays stays.
+    void admin_deletePlaylist(int id);
+    /// `type` "log", "firmware", "message" or "track" remembers the folder; see `FolderBrowser`.
+    void admin_loadDrives(const QString& type);
+    void admin_loadPath(const QString& path, const QString& drive, const QString& type = {});
+    void admin_uploadList(int parent, const QStringList& paths);
+    /// The file in work is the last one.
+    void admin_finishUpload();
+
     // Settings of a unit: admin/Device.cpp
     /// All units with free memory and version, the same for every page of them; selects the first.
     void admin_loadDeviceList();
@@ -229,6 +258,8 @@ private:
     ScriptPipe& scripts;
     Discovery& discovery;
     IdleLock& lock;
+    FolderBrowser& folders;
+    Upload& upload;
     std::unique_ptr<QWebView> view;
     bool sessionPage = false;   ///< index.html is on show or on its way
     bool frameLoaded = false;   ///< the session page on show has asked for what it missed

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QObject>
+#include <QThread>
+#include <QVector>
+
+class FileSender;
+
+/// Brings files and folders of this computer into the server's library, one at a time: a request
+/// announces a file, its bytes go over a connection of their own, a second request closes it. A
+/// batch is all that passes from a start until the queue runs dry. A refused file turns red, and
+/// the rest goes on; a missing right, a busy server and a name that exists drop the rest.
+class Upload : public QObject
+{
+    Q_OBJECT
+public:
+    Upload();
+    ~Upload() override;
+
+    /// Installs what the replies of an upload cause; taken away with the object.
+    void join();
+    /// Appends files and folders for a playlist; begins a batch where none is under way.
+    void uploadList(int parent, const QStringList& paths);
+    /// The file in work is finished, the rest dropped.
+    void finishEarly();
+    /// The session has ended: the transfer ends at once, the queue is empty.
+    void stop();
+
+private:
+    /// What is to be uploaded: a file or a folder, and the playlist that gets it.
+    struct Uploads {
+        int parent;
+        QString path;
+    };
+
+    void uploadDirectory(int parent, const QString& path);
+    void loadStart();
+    void announceFile(const Uploads& item);
+    void makeFolder(const Uploads& item);
+    void fileAnnounced(const QJsonObject& reply);
+    void transfer(const QJsonObject& reply);
+    void loadEnd(const QJsonObject& announced, const QString& problem);
+    void fileClosed(const QJsonObject& reply);
+    void folderMade(const QJsonObject& reply);
+    /// The item in work turns red. Its title is empty where it has a row already.
+    void refuse(const QString& title);
+    /// Shows how far the batch has come, at so many items behind the current one.
+    void showCount(int behind);
+    void openDialog();
+    /// Drops the item in work, and goes on.
+    void loadNext();
+    void goOn();
+    void endBatch();
+    /// The words that end a batch: whether this reply has one of them.
+    bool dropsBatch(const QJsonObject& reply);
+
+    QVector<Uploads> listForUpload; ///< entry 0 is in work
+    int currentTrackId = 0; ///< files of this batch that are done; the row of the one in work
+    bool isUploading = false;
+    QThread thread;
+    FileSender* sender = nullptr; ///< while bytes travel
+};
