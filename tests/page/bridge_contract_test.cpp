@@ -56,6 +56,7 @@ const QMap<QString, QStringList> pagesToCome = {
       "deviceInfo_hideMessages", "modalAdminDevicePlayingError", "wrapperInput_device_addMessage",
       "wrapperInput_device_deleteMessage", "wrapperInput_device_setAvailableMemory",
       "wrapperInput_device_setMessageId"}},
+    {"schedule and presets", {"admin_loadPlaylistList", "admin_loadPlaylistTracks"}},
     {"server settings",
      {"wrapperInput_server_editCommandPort", "wrapperInput_server_editMulticastAddress",
       "wrapperInput_server_selectInterface", "wrapperInput_server_setAvailableServerVersion",
