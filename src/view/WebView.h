@@ -171,6 +171,26 @@ public Q_SLOTS:
     void admin_loadPermissions();
     void admin_loadRoleList();
     void admin_selectRole(int id);
+    void admin_addRole(const QString& name, const QString& title);
+    /// The name says which; the id isn't used.
+    void admin_editRole(int id, const QString& name, const QString& title);
+    void admin_deleteRole(int id);
+    void admin_editRoleSettings(const QString& name, bool server, bool user, bool role, bool zone,
+                                bool device, bool playback, bool task, bool preset);
+    void admin_editRoleTranslation(const QString& name, bool microphone, bool alarm);
+    void admin_saveZones(const QString& name, const QList<int>& list);
+    void admin_savePlaylists(const QString& name, const QList<int>& list);
+    void admin_savePresets(const QString& name, const QList<int>& list);
+    void admin_saveTasks(const QString& name, const QList<int>& list);
+    /// All lists and rights of a role at once; `rights` by their names on the wire.
+    void admin_savePermissions(const QString& name, const QList<int>& zones,
+                               const QList<int>& playlists, const QList<int>& presets,
+                               const QList<int>& tasks, const QVariantMap& rights);
+    /// Ticks and locks the zones and playlists that these presets and tasks need; all of a kind for
+    /// its administrator.
+    void admin_reloadBlocksForRole(const QString& name, bool isPresetAdmin,
+                                   const QList<int>& presetList, bool isTaskAdmin,
+                                   const QList<int>& taskList);
 
     // Users: admin/User.cpp
     void admin_loadUserList();

@@ -126,14 +126,25 @@ class TickList {
         this.list.set(id, "locked", true);
     }
 
+    // A box that is no longer needed stays ticked, as if the operator had ticked it.
     unlock(id) {
         this.locked.delete(id);
         this.list.set(id, "locked", false);
+        if (this.has(id) && !this.stored.has(id)) {
+            this.own.add(id);
+        }
     }
 
     unlockAll() {
-        this.locked.forEach((id) => this.list.set(id, "locked", false));
-        this.locked.clear();
+        Array.from(this.locked).forEach((id) => this.unlock(id));
+    }
+
+    // Ticks a box for the operator.
+    mark(id) {
+        if (this.has(id) && !this.list.get(id).ticked) {
+            this.list.tick(id, true);
+            this.own[this.stored.has(id) ? "delete" : "add"](id);
+        }
     }
 
     // The ids of the ticked rows, and of all, in order of arrival.
@@ -162,7 +173,7 @@ class TickList {
     // As a part of a form.
 
     isTouched() {
-        return this.own.size > 0;
+        return Array.from(this.own).some((id) => !this.locked.has(id));
     }
 
     // Back to what the mirror holds.

@@ -38,7 +38,8 @@
         done(found);
     }
 
-    function showZone(view) {
+    function showZone() {
+        const view = $("#main_calendar").fullCalendar("getView");
         $("#task_zone").text("Время: " + wrapper.task_zoneName() + ", " + taskTime.offsetText(moment(view.intervalStart.format("YYYY-MM-DD"))));
     }
 
@@ -93,7 +94,10 @@
                     endTime: endTime,
                 });
             },
-            wrapperInput_task_buildScheduler: () => $("#main_calendar").fullCalendar("refetchEvents"),
+            wrapperInput_task_buildScheduler: function () {
+                $("#main_calendar").fullCalendar("refetchEvents");
+                showZone();
+            },
             wrapperInput_task_delete: function (id) {
                 if (tasks.delete(id)) {
                     $("#main_calendar").fullCalendar("refetchEvents");
