@@ -125,9 +125,14 @@ void Scenario::letTimePass(int seconds)
         playback.since = playback.since.addSecs(-seconds);
     }
     const QVector<simulator::Unit> units = installation.allUnits();
-    for (const simulator::Unit& unit : units) {
-        if (unit.memoryRun) {
-            installation.unit(unit.id)->memoryRun->since = unit.memoryRun->since.addSecs(-seconds);
+    for (const simulator::Unit& known : units) {
+        simulator::Unit& unit = *installation.unit(known.id);
+        for (QDateTime* since : {unit.memoryRun ? &unit.memoryRun->since : nullptr,
+                                 unit.applying ? &unit.applying->since : nullptr,
+                                 unit.upgrade ? &unit.upgrade->work.since : nullptr}) {
+            if (since) {
+                *since = since->addSecs(-seconds);
+            }
         }
     }
     simulator::Playout(*server).step();

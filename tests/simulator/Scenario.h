@@ -16,8 +16,9 @@
 ///   reply admin < device/setState {deviceId:1}                    the next push that a console
 ///   hears admin < ...                                             and whatever else it has heard
 ///   type link 3 no > ok                                     a line at the server's prompt
-///   time 60                                                 so many seconds pass for what plays
-///   end guard                                               a console's connection is cut
+///   time 60                                                 so many seconds pass for what plays or
+///   is under way end guard                                               a console's connection is
+///   cut
 ///
 /// A console is named after its account, with a digit behind for a second one of the same; all of
 /// them are logged in before the first line, but "guest". Keys need no quotes, "md5:x" stands for
