@@ -10,12 +10,17 @@
 namespace
 {
 
-/// The object of a line's text, with its digests made.
+/// The object of a line's text, with its digests and long texts made.
 QJsonObject objectOf(QString text)
 {
     static const QRegularExpression digest(R"(md5:(\w+))");
     for (auto match = digest.match(text); match.hasMatch(); match = digest.match(text)) {
         text.replace(match.capturedStart(), match.capturedLength(), digestOf(match.captured(1)));
+    }
+    static const QRegularExpression many(R"((\w)\*(\d+))");
+    for (auto match = many.match(text); match.hasMatch(); match = many.match(text)) {
+        text.replace(match.capturedStart(), match.capturedLength(),
+                     QString(match.captured(2).toInt(), match.captured(1).at(0)));
     }
     return Rules::object(text);
 }
