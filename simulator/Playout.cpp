@@ -3,6 +3,7 @@
 #include "simulator/Server.h"
 #include "simulator/commands/PlaybackPushes.h"
 #include "simulator/state/Transport.h"
+#include "simulator/state/UnitWork.h"
 
 namespace simulator
 {
@@ -24,10 +25,10 @@ bool isOver(const Installation& installation, const Playback& playback)
 bool isOver(const Unit& unit)
 {
     if (!unit.memoryRun || !unit.memoryRun->message ||
-        unit.memoryRun->position >= unit.messages.size()) {
+        unit.memoryRun->position >= unit.memory.messages.size()) {
         return false;
     }
-    const int seconds = unit.messages.at(unit.memoryRun->position).size / messageRate;
+    const int seconds = unit.memory.messages.at(unit.memoryRun->position).size / messageRate;
     return unit.memoryRun->since.secsTo(QDateTime::currentDateTimeUtc()) >= seconds;
 }
 
@@ -47,6 +48,7 @@ void Playout::step()
 {
     endTracks();
     endMessages();
+    endWork();
 }
 
 void Playout::endTracks()
@@ -80,6 +82,19 @@ void Playout::endMessages()
         server.installation().unit(id)->memoryRun.reset();
     }
     server.tellUnits(over);
+}
+
+void Playout::endWork()
+{
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    const QVector<Unit> units = server.installation().allUnits();
+    for (const Unit& busy : units) {
+        Unit& unit = *server.installation().unit(busy.id);
+        settleApplying(unit, now);
+        if (settleUpgrade(unit, now)) {
+            server.tellUnits({unit.id});
+        }
+    }
 }
 
 } // namespace simulator

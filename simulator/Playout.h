@@ -9,7 +9,8 @@ namespace simulator
 class Server;
 
 /// What the time does by the rules: tracks end and lead to the next, playbacks, gongs and messages
-/// from a unit's memory end. It goes on where nothing else happens of itself.
+/// from a unit's memory end, and so does what a unit is busy with. It goes on where nothing else
+/// happens of itself.
 class Playout : public QObject
 {
     Q_OBJECT
@@ -26,6 +27,7 @@ public:
 private:
     void endTracks();
     void endMessages();
+    void endWork();
 
     Server& server;
     QTimer timer;

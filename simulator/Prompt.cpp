@@ -34,7 +34,7 @@ QVector<int> zonesToLeave(const Installation& installation, int unit, const Zone
     return leaving;
 }
 
-using Rows = std::array<Prompt::Row, 18>;
+using Rows = std::array<Prompt::Row, 19>;
 
 QString usage(const Prompt::Row& row)
 {
@@ -82,6 +82,7 @@ QString Prompt::execute(const QString& line)
         {"case", "<units> open|close", "opens or closes units", &Prompt::housing},
         {"line", "<units> <line> ok|break", "breaks or mends a line of units", &Prompt::line},
         {"terminal", "<units> <line>", "lets a new terminal device appear", &Prompt::terminal},
+        {"fail", "<units>", "lets units' next apply or upgrade fail", &Prompt::fail},
         {"right", "<role> <right> on|off|<level>", "gives a right or takes it", &Prompt::right},
         {"role", "<user> <role>", "moves an account to another role", &Prompt::role},
         {"zone", "<units> <zone>", "moves units to another zone", &Prompt::zone},
@@ -203,6 +204,14 @@ QString Prompt::terminal(const QStringList& arguments)
             unit.lines.append({tip, QString("Оконечное устройство %1").arg(tip), true, true});
         }
     });
+}
+
+QString Prompt::fail(const QStringList& arguments)
+{
+    for (int id : unitsIn(arguments.first())) {
+        server.installation().unit(id)->failsNext = true;
+    }
+    return {};
 }
 
 QString Prompt::right(const QStringList& arguments)

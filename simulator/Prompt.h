@@ -41,6 +41,7 @@ private:
     QString housing(const QStringList& arguments);
     QString line(const QStringList& arguments);
     QString terminal(const QStringList& arguments);
+    QString fail(const QStringList& arguments);
     QString right(const QStringList& arguments);
     QString role(const QStringList& arguments);
     QString zone(const QStringList& arguments);

@@ -15,12 +15,26 @@ using Key = QPair<QString, QString>;
 QHash<Key, Command> makeTable()
 {
     QHash<Key, Command> table;
-    for (const auto& protocol :
-         {userCommands(), userEditingCommands(), roleCommands(), roleEditingCommands(),
-          helperCommands(), serverCommands(), logCommands(), deviceCommands(),
-          deviceSettingsCommands(), deviceServiceCommands(), deviceMemoryCommands(), zoneCommands(),
-          playbackCommands(), playbackControlCommands(), redirectionCommands(), presetCommands(),
-          taskCommands()}) {
+    for (const auto& protocol : {userCommands(),
+                                 userEditingCommands(),
+                                 roleCommands(),
+                                 roleEditingCommands(),
+                                 helperCommands(),
+                                 serverCommands(),
+                                 logCommands(),
+                                 deviceCommands(),
+                                 deviceSettingsCommands(),
+                                 deviceServiceCommands(),
+                                 deviceMemoryCommands(),
+                                 memoryEditingCommands(),
+                                 memoryImageCommands(),
+                                 firmwareCommands(),
+                                 zoneCommands(),
+                                 playbackCommands(),
+                                 playbackControlCommands(),
+                                 redirectionCommands(),
+                                 presetCommands(),
+                                 taskCommands()}) {
         for (const Command& command : protocol) {
             table.insert({command.protocol, command.action}, command);
         }

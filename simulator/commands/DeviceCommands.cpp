@@ -70,15 +70,6 @@ QJsonObject getConfig(Context& context, const QJsonObject& request)
     return unit ? success(unit->config) : refusal("error");
 }
 
-QJsonObject listFirmware(Context& context, const QJsonObject&)
-{
-    QJsonArray list;
-    for (const FirmwareImage& image : context.installation().firmware) {
-        list.append(QJsonObject{{"fileName", image.fileName}, {"version", image.version}});
-    }
-    return success({{"list", list}});
-}
-
 } // namespace
 
 Commands deviceCommands()
@@ -91,7 +82,6 @@ Commands deviceCommands()
         {device, QLatin1String("getVolume"), {Right::Session}, getVolume},
         {device, QLatin1String("getEqualizer"), {Right::Session}, getEqualizer},
         {device, QLatin1String("getConfig"), {Right::Session}, getConfig},
-        {device, QLatin1String("listFirmware"), {Right::Session}, listFirmware},
     };
 }
 

@@ -11,33 +11,26 @@ namespace simulator
 namespace
 {
 
-/// The unit of a request about its memory, which only a connected unit can answer.
-const Unit* connectedUnitIn(Context& context, const QJsonObject& request)
-{
-    const Unit* unit = unitIn(context, request);
-    return unit && unit->link == Link::Bidirectional ? unit : nullptr;
-}
-
 QJsonObject getMemoryStamp(Context& context, const QJsonObject& request)
 {
-    const Unit* unit = connectedUnitIn(context, request);
+    const Unit* unit = reachableUnitIn(context, request);
     return unit ? success({{"memoryStamp", unit->memoryStamp}}) : refusal("error");
 }
 
 QJsonObject getAvailableMemory(Context& context, const QJsonObject& request)
 {
-    const Unit* unit = connectedUnitIn(context, request);
-    return unit ? success({{"size", unit->availableMemory}}) : refusal("error");
+    const Unit* unit = reachableUnitIn(context, request);
+    return unit ? success({{"size", unit->memory.available}}) : refusal("error");
 }
 
 QJsonObject listMessages(Context& context, const QJsonObject& request)
 {
-    const Unit* unit = connectedUnitIn(context, request);
+    const Unit* unit = reachableUnitIn(context, request);
     if (!unit) {
         return refusal("error");
     }
     QJsonArray list;
-    for (const MemoryMessage& message : unit->messages) {
+    for (const MemoryMessage& message : unit->memory.messages) {
         list.append(QJsonObject{
             {"position", list.size()}, {"title", message.title}, {"size", message.size}});
     }
@@ -46,12 +39,12 @@ QJsonObject listMessages(Context& context, const QJsonObject& request)
 
 QJsonObject listScenarios(Context& context, const QJsonObject& request)
 {
-    const Unit* unit = connectedUnitIn(context, request);
+    const Unit* unit = reachableUnitIn(context, request);
     if (!unit) {
         return refusal("error");
     }
     QJsonArray list;
-    for (const MemoryScenario& scenario : unit->scenarios) {
+    for (const MemoryScenario& scenario : unit->memory.scenarios) {
         list.append(QJsonObject{{"position", list.size()},
                                 {"title", scenario.title},
                                 {"priority", scenario.priority},
@@ -65,7 +58,7 @@ QJsonObject listScenarios(Context& context, const QJsonObject& request)
 /// The group that the unit plays; every unit is a group of its own.
 QJsonObject getPlays(Context& context, const QJsonObject& request)
 {
-    const Unit* unit = connectedUnitIn(context, request);
+    const Unit* unit = reachableUnitIn(context, request);
     if (!unit) {
         return refusal("error");
     }
@@ -88,6 +81,22 @@ void tellRun(Context& context, int unit)
     context.pushToOthers(look);
 }
 
+/// Why nothing can be played from the memory now, null when it can.
+const char* playRefusal(const Installation& installation, int id)
+{
+    const Unit& unit = *installation.unit(id);
+    if (unit.upgrade) {
+        return "wait";
+    }
+    if (unit.applying) {
+        return "busy";
+    }
+    if (unit.unedited) {
+        return "changes";
+    }
+    return rankOn(installation, id) > memoryRank ? "playing" : nullptr;
+}
+
 /// Starts an entry of a list that has `count` entries.
 QJsonObject play(Context& context, const QJsonObject& request, int count, bool message)
 {
@@ -97,8 +106,8 @@ QJsonObject play(Context& context, const QJsonObject& request, int count, bool m
     if (position < 0 || position >= count) {
         return refusal("error");
     }
-    if (rankOn(installation, unit) > memoryRank) {
-        return refusal("playing");
+    if (const char* word = playRefusal(installation, unit)) {
+        return refusal(word);
     }
     for (int ended : freeUnit(installation, unit, context.who())) {
         context.push(stoppedPush(ended));
@@ -112,14 +121,14 @@ QJsonObject play(Context& context, const QJsonObject& request, int count, bool m
 
 QJsonObject playMessage(Context& context, const QJsonObject& request)
 {
-    const Unit* unit = connectedUnitIn(context, request);
-    return unit ? play(context, request, unit->messages.size(), true) : refusal("error");
+    const Unit* unit = reachableUnitIn(context, request);
+    return unit ? play(context, request, unit->memory.messages.size(), true) : refusal("error");
 }
 
 QJsonObject playScenario(Context& context, const QJsonObject& request)
 {
-    const Unit* unit = connectedUnitIn(context, request);
-    return unit ? play(context, request, unit->scenarios.size(), false) : refusal("error");
+    const Unit* unit = reachableUnitIn(context, request);
+    return unit ? play(context, request, unit->memory.scenarios.size(), false) : refusal("error");
 }
 
 QJsonObject stop(Context& context, const QJsonObject& request)

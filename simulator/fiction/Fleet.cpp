@@ -130,9 +130,9 @@ void addHardware(Unit& unit)
     if (newer) {
         unit.lines.append({17, "Громкоговоритель 1", true, false});
     }
-    unit.messages = sharedMessages();
-    unit.scenarios = sharedScenarios();
-    unit.availableMemory = 2457600;
+    unit.memory.messages = sharedMessages();
+    unit.memory.scenarios = sharedScenarios();
+    unit.memory.available = 2457600;
     unit.memoryStamp = "2026-03-12 09:30:00";
 }
 

@@ -2,6 +2,7 @@
 
 #include "simulator/state/Words.h"
 
+#include <QByteArray>
 #include <QDateTime>
 #include <QJsonObject>
 #include <QString>
@@ -36,6 +37,29 @@ struct MemoryScenario {
     int repeat = 0;          ///< seconds between two repeats
 };
 
+/// What a unit keeps in its own memory.
+struct UnitMemory {
+    QVector<MemoryMessage> messages;
+    QVector<MemoryScenario> scenarios;
+    int available = 0; ///< bytes
+};
+
+/// Something that a unit is busy with for a while.
+struct UnitWork {
+    QDateTime since;
+    int seconds = 0;
+    bool fails = false;
+
+    /// 100 once it is over.
+    int percent(const QDateTime& now) const;
+};
+
+/// A firmware that a unit takes over.
+struct Upgrade {
+    UnitWork work;
+    QString version;
+};
+
 /// What a unit plays from its own memory.
 struct MemoryRun {
     int group = 0;
@@ -63,10 +87,14 @@ struct Unit {
     QVector<double> equalizer; ///< ten bands on the newer generation, bass and treble before it
     QJsonObject config;        ///< settings by their wire keys
     int playback = 0;          ///< id of the Playback addressed to it, 0 for none
-    QVector<MemoryMessage> messages;
-    QVector<MemoryScenario> scenarios;
+    UnitMemory memory;         ///< with the edits that wait
+    std::optional<UnitMemory> unedited; ///< what the unit still holds while edits wait
     std::optional<MemoryRun> memoryRun;
-    int availableMemory = 0; ///< bytes
+    std::optional<UnitWork> applying;
+    bool applyFailed = false;
+    std::optional<Upgrade> upgrade;
+    bool upgradeFailed = false;
+    bool failsNext = false; ///< set at the prompt: its next apply or upgrade ends badly
     QString memoryStamp;
     /// Whether its line has terminal devices, and its equaliser ten bands.
     bool isNewGeneration() const { return versionPss.section('.', 0, 0).toInt() > 0; }
@@ -170,6 +198,7 @@ struct Preset {
 struct FirmwareImage {
     QString fileName;
     QString version;
+    QByteArray digest = {}; ///< of its content, empty for one that the fiction brought along
 };
 
 /// The rights of a group of accounts, and what they may see.

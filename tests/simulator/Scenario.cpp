@@ -10,12 +10,17 @@
 namespace
 {
 
-/// The object of a line's text, with its digests made.
+/// The object of a line's text, with its digests and long texts made.
 QJsonObject objectOf(QString text)
 {
     static const QRegularExpression digest(R"(md5:(\w+))");
     for (auto match = digest.match(text); match.hasMatch(); match = digest.match(text)) {
         text.replace(match.capturedStart(), match.capturedLength(), digestOf(match.captured(1)));
+    }
+    static const QRegularExpression many(R"((\w)\*(\d+))");
+    for (auto match = many.match(text); match.hasMatch(); match = many.match(text)) {
+        text.replace(match.capturedStart(), match.capturedLength(),
+                     QString(match.captured(2).toInt(), match.captured(1).at(0)));
     }
     return Rules::object(text);
 }
@@ -125,9 +130,14 @@ void Scenario::letTimePass(int seconds)
         playback.since = playback.since.addSecs(-seconds);
     }
     const QVector<simulator::Unit> units = installation.allUnits();
-    for (const simulator::Unit& unit : units) {
-        if (unit.memoryRun) {
-            installation.unit(unit.id)->memoryRun->since = unit.memoryRun->since.addSecs(-seconds);
+    for (const simulator::Unit& known : units) {
+        simulator::Unit& unit = *installation.unit(known.id);
+        for (QDateTime* since : {unit.memoryRun ? &unit.memoryRun->since : nullptr,
+                                 unit.applying ? &unit.applying->since : nullptr,
+                                 unit.upgrade ? &unit.upgrade->work.since : nullptr}) {
+            if (since) {
+                *since = since->addSecs(-seconds);
+            }
         }
     }
     simulator::Playout(*server).step();

@@ -16,13 +16,15 @@
 ///   reply admin < device/setState {deviceId:1}                    the next push that a console
 ///   hears admin < ...                                             and whatever else it has heard
 ///   type link 3 no > ok                                     a line at the server's prompt
-///   time 60                                                 so many seconds pass for what plays
-///   end guard                                               a console's connection is cut
+///   time 60                                                 so many seconds pass for what plays or
+///   is under way end guard                                               a console's connection is
+///   cut
 ///
 /// A console is named after its account, with a digit behind for a second one of the same; all of
 /// them are logged in before the first line, but "guest". Keys need no quotes, "md5:x" stands for
-/// the digest of x. An expected object needs the named fields only; an array the same number of
-/// elements, with "some" as its first the named ones somewhere, with "none" nowhere; "<number>",
+/// the digest of x, x*9 for nine of them. An expected object needs the named fields only; an array
+/// the same number of elements, with "some" as its first the named ones somewhere, with "none"
+/// nowhere; "<number>",
 /// "<text>", "<flag>" and "<list>" (not empty) stand for any value of the type.
 ///
 /// Two things hold for every line without being written: a push that no line expects is a fault,

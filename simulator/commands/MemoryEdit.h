@@ -1,0 +1,22 @@
+#pragma once
+
+#include "simulator/commands/Context.h"
+
+namespace simulator
+{
+
+/// What an announcement takes of a unit's memory, in bytes.
+constexpr int scenarioSize = 64;
+
+/// Why the memory of a unit can't be changed now, null when it can.
+const char* editRefusal(Context& context, const Unit* unit);
+/// Keeps what the unit holds until the edits are applied, and makes the other consoles read anew.
+void beginEdit(Context& context, Unit& unit);
+/// A title of an entry has 1 to 32 characters.
+bool isTitle(const QString& title);
+/// Whether an announcement is complete and names fragments that are there.
+bool isScenario(const UnitMemory& memory, const MemoryScenario& scenario);
+/// What all entries take, in bytes.
+qint64 usedBy(const UnitMemory& memory);
+
+} // namespace simulator
