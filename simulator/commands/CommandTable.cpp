@@ -19,8 +19,8 @@ QHash<Key, Command> makeTable()
          {userCommands(), userEditingCommands(), roleCommands(), roleEditingCommands(),
           helperCommands(), serverCommands(), logCommands(), deviceCommands(),
           deviceSettingsCommands(), deviceServiceCommands(), deviceMemoryCommands(), zoneCommands(),
-          playbackCommands(), playbackControlCommands(), redirectionCommands(), presetCommands(),
-          taskCommands()}) {
+          playbackCommands(), playbackControlCommands(), libraryCommands(), redirectionCommands(),
+          presetCommands(), taskCommands()}) {
         for (const Command& command : protocol) {
             table.insert({command.protocol, command.action}, command);
         }
@@ -64,6 +64,12 @@ QJsonObject success(QJsonObject fields)
 QJsonObject refusal(const char* word)
 {
     return {{"response", QLatin1String(word)}};
+}
+
+bool isTitle(const QString& title)
+{
+    constexpr int longest = 32;
+    return !title.isEmpty() && title.size() <= longest;
 }
 
 } // namespace simulator
