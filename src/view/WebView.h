@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QList>
 #include <QVariantList>
 
 #include <functional>
@@ -213,6 +214,25 @@ public Q_SLOTS:
     void admin_uploadList(int parent, const QStringList& paths);
     /// The file in work is the last one.
     void admin_finishUpload();
+
+    // Presets: PresetList.cpp
+    void preset_loadList();
+    /// The units of a preset's card; none for one that means all units.
+    void preset_loadDevices(int id);
+    /// `strategy` for units in use: "none" or "overlap".
+    void preset_startPlay(int id, const QString& strategy);
+    void admin_loadPresetList();
+    void admin_selectPreset(int id);
+    /// `type` by its word on the wire; `replayType` "list" or "track"; `replyCount` counts all
+    /// passes; `action` "pause" or "stop".
+    void admin_addPreset(const QString& name, const QString& type, int playlist, int track,
+                         const QList<int>& zones, const QList<int>& devices,
+                         const QString& replayType, int replyCount, const QString& action);
+    void admin_editPreset(int id, const QString& title, const QList<int>& zones,
+                          const QList<int>& devices, const QString& replayType, int replyCount,
+                          const QString& action);
+    void admin_copyPreset(int id, const QString& title);
+    void admin_deletePreset(int id);
 
     // Settings of a unit: admin/Device.cpp
     /// All units with free memory and version, the same for every page of them; selects the first.

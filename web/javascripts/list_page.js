@@ -6,7 +6,8 @@
 //   active   the class of the active row: "user_active"
 //   cells    function (fields): the cells of a row, [{name: "title", text: "…", class: "…"}], whose
 //            ids are the name, "_" and the row's id
-//   buttons  [{icon, title, action: function (id, fields), shown: function (fields)}]
+//   buttons  [{icon, title, action: function (id, fields), shown: function (fields)}]; a quiet one
+//            destroys nothing
 //   select   function (id): asks for what the active row holds
 //   emptied  function (): the last row has gone
 //   empty    what an empty list says
@@ -205,6 +206,7 @@ class ListPage {
             .map((button) =>
                 $("<button type='button' class='row_button' tabindex='-1'>")
                     .attr("title", button.title)
+                    .toggleClass("quiet_button", Boolean(button.quiet))
                     .data("button", button)
                     .append($("<i class='fa'>").addClass(button.icon))
             );

@@ -21,6 +21,7 @@ function dialogButton(button, kind) {
 //   argument  id of an element behind the text that shows the function's argument
 //   subject   id of an element that keeps, out of sight, whom the dialog is about: the function's
 //             first argument then, in front of the one on show
+//   hidden    id of an element that keeps the function's only argument, out of sight
 //   warning   a line behind that
 //   accept    {text: "Ок", kind: "primary", action: function}, all of it optional
 //   cancel    the second button, if there is one: {text: "Отмена", action: function}
@@ -35,8 +36,9 @@ function notice(name, options) {
     if (options.argument) {
         body.append($("<p>").attr("id", options.argument));
     }
-    if (options.subject) {
-        body.append($("<span style='display: none'>").attr("id", options.subject));
+    const kept = options.subject || options.hidden;
+    if (kept) {
+        body.append($("<span style='display: none'>").attr("id", kept));
     }
     if (options.warning) {
         body.append($("<p class='notice_warning'>").text(options.warning));
@@ -79,6 +81,10 @@ function notice(name, options) {
     function openBare() {
         open();
     }
-    const ways = [openBare, open, openAbout];
-    page({[name]: ways[options.subject ? 2 : options.argument ? 1 : 0]});
+    function openKeeping(argument) {
+        $("#" + options.hidden).text(argument);
+        open();
+    }
+    const way = options.subject ? openAbout : options.hidden ? openKeeping : options.argument ? open : openBare;
+    page({[name]: way});
 }

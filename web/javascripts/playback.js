@@ -132,10 +132,13 @@ function choice(name, options, chosen) {
     return box;
 }
 
-// What is repeated, how often, and what happens then. `replayed` and `action` name the fields that
-// are on at first.
-function replaySettings(replayed, action) {
-    var count = $("<input type='text' class='form-control digits' id='playback_repeat_count' value='1' maxlength='9'>")
+// The rows of what is repeated, how often, and what happens then. `replayed` and `action` name the
+// fields that are on at first; `prefix` begins the ids.
+function replayRows(replayed, action, prefix) {
+    const before = prefix || "";
+    const name = (id) => before + id;
+    var count = $("<input type='text' class='form-control digits' value='1' maxlength='9'>")
+        .attr("id", name("playback_repeat_count"))
         .on("keydown", function (event) {
             return checkNumber(this, event);
         })
@@ -143,16 +146,37 @@ function replaySettings(replayed, action) {
             checkNumberSize(this);
         });
     var rows = [
-        ["Повторять", choice("replay_type", [{id: "type_playlist", text: "Папка"}, {id: "type_track", text: "Фрагмент"}], replayed)],
+        [
+            "Повторять",
+            choice(
+                name("replay_type"),
+                [
+                    {id: name("type_playlist"), text: "Папка"},
+                    {id: name("type_track"), text: "Фрагмент"},
+                ],
+                name(replayed)
+            ),
+        ],
         ["Количество повторов", count],
-        ["Действие по окончанию", choice("replay_action", [{id: "action_pause", text: "Пауза"}, {id: "action_stop", text: "Остановка"}], action)],
+        [
+            "Действие по окончанию",
+            choice(
+                name("replay_action"),
+                [
+                    {id: name("action_pause"), text: "Пауза"},
+                    {id: name("action_stop"), text: "Остановка"},
+                ],
+                name(action)
+            ),
+        ],
     ];
-    return titledPanel(
-        "Настройки повторения",
-        rows.map(function (row) {
-            return $("<div class='panel_row replay_row'>").append($("<span class='panel_label'>").text(row[0]), row[1]);
-        })
+    return rows.map((row) =>
+        $("<div class='panel_row replay_row form_field'>").append($("<span class='panel_label'>").text(row[0]), row[1])
     );
+}
+
+function replaySettings(replayed, action) {
+    return titledPanel("Настройки повторения", replayRows(replayed, action));
 }
 
 // The id of the playback that is active in the side menu, -1 if there is none.

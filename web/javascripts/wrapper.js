@@ -34,7 +34,18 @@ const forwarders = {
     wrapper_Playback_StartRedirection: "playback_startRedirection",
     wrapper_Playback_StopRedirection: "playback_stopRedirection",
 
+    // Presets
+    wrapper_Preset_LoadList: "preset_loadList",
+    wrapper_Preset_LoadDevices: "preset_loadDevices",
+    wrapper_Preset_StartPreset: "preset_startPlay",
+
     // Administration
+    wrapper_AdminPreset_loadList: "admin_loadPresetList",
+    wrapper_AdminPreset_loadPreset: "admin_selectPreset",
+    wrapper_AdminPreset_addPreset: "admin_addPreset",
+    wrapper_AdminPreset_editPreset: "admin_editPreset",
+    wrapper_AdminPreset_copyPreset: "admin_copyPreset",
+    wrapper_AdminPreset_deletePreset: "admin_deletePreset",
     wrapper_Admin_LoadPermissions: "admin_loadPermissions",
     wrapper_AdminUser_LoadList: "admin_loadUserList",
     wrapper_AdminUser_LoadRoleList: "admin_loadRoleList",
