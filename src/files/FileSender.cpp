@@ -13,7 +13,7 @@ constexpr int pictureMilliseconds = 16;
 
 } // namespace
 
-FileSender::FileSender(const QString& filePath, qint64 announcedSize, const QHostAddress& server,
+FileSender::FileSender(const QString& filePath, qint64 announcedSize, const QString& server,
                        quint16 serverPort)
     : path(filePath), size(announcedSize), address(server), port(serverPort)
 {
