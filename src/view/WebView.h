@@ -215,6 +215,31 @@ public Q_SLOTS:
     /// The file in work is the last one.
     void admin_finishUpload();
 
+    // Tasks: TaskList.cpp
+    /// All tasks that are switched on, into the calendar.
+    void task_loadList();
+    /// Those of one unit.
+    void task_loadTask(int deviceId);
+    /// The units that tasks play on.
+    void task_loadDeviceList();
+    void admin_loadTaskList();
+    void admin_selectTask(int id);
+    /// The days of a weekly task; all of them for another.
+    void admin_loadTaskWeekDays(int id);
+    /// `type` is the frequency; `startDateTime` "YYYY-MM-DD HH:mm" and all other times in UTC; `reply`
+    /// holds `endTime`, `replayType`, `replyCount` and `action`.
+    void admin_addTask(const QString& name, const QString& type, const QString& weeklyDays,
+                       const QString& startDateTime, const QString& endDate, int playlist, int track,
+                       const QList<int>& zones, const QList<int>& devices,
+                       const QVariantMap& reply);
+    void admin_editTask(int id, const QString& name, const QString& type, bool state,
+                        const QString& weeklyDays, const QString& startDateTime,
+                        const QString& endDate, const QList<int>& zones,
+                        const QList<int>& devices, const QVariantMap& reply);
+    void admin_copyTask(int id, const QString& title);
+    void admin_deleteTask(int id);
+    void admin_enableTask(int id, bool state);
+
     // Presets: PresetList.cpp
     void preset_loadList();
     /// The units of a preset's card; none for one that means all units.

@@ -34,6 +34,18 @@ const forwarders = {
     wrapper_Playback_StartRedirection: "playback_startRedirection",
     wrapper_Playback_StopRedirection: "playback_stopRedirection",
 
+    // Tasks
+    wrapper_Task_LoadList: "task_loadList",
+    wrapper_Task_Load: "task_loadTask",
+    wrapper_AdminTask_loadList: "admin_loadTaskList",
+    wrapper_AdminTask_loadTask: "admin_selectTask",
+    wrapper_AdminTask_loadWeekDays: "admin_loadTaskWeekDays",
+    wrapper_AdminTask_addTask: "admin_addTask",
+    wrapper_AdminTask_editTask: "admin_editTask",
+    wrapper_AdminTask_copyTask: "admin_copyTask",
+    wrapper_AdminTask_deleteTask: "admin_deleteTask",
+    wrapper_AdminTask_enableTask: "admin_enableTask",
+
     // Presets
     wrapper_Preset_LoadList: "preset_loadList",
     wrapper_Preset_LoadDevices: "preset_loadDevices",
