@@ -47,10 +47,6 @@ inline constexpr PageRow pageRows[] = {
      "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/devices_line_control'); "
      "loadBotMenu('admin/devices_line_control'); loadMainBody('admin/devices_line_control')",
      "#top_menu #side_menu #main #bot_menu #modal"},
-    {"library",
-     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/playback'); "
-     "loadBotMenu('admin/playback'); loadMainBody('admin/playback')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
     {"lock settings",
      "loadSideMenu('settings'); loadTopMenu('settings'); loadMainBody('settings/block'); "
      "loadBotMenu('settings/block'); loadModal('settings')",
