@@ -36,12 +36,18 @@ public:
     QVector<int> targetUnits() const;
 
 protected:
-    /// Stores a value, and tells the page of a change.
+    /// Stores a value, and tells the page of a change; no page knows an entry without an id.
     template <class Value> void change(Value& field, const Value& value, const char* script)
     {
         if (field != value) {
             field = value;
-            Page::call(script, id, field);
+            tell(script, field);
+        }
+    }
+    template <class Value> void tell(const char* script, const Value& value) const
+    {
+        if (id != 0) {
+            Page::call(script, id, value);
         }
     }
 

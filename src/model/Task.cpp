@@ -7,7 +7,7 @@ void Task::setState(bool enabled)
 {
     if (state != enabled) {
         state = enabled;
-        Page::call("wrapperInput_task_setEnabled", id, QString::number(state));
+        tell("wrapperInput_task_setEnabled", QString::number(state));
     }
 }
 
@@ -15,7 +15,7 @@ void Task::changeStart(QString& part, const QString& value)
 {
     if (part != value) {
         part = value;
-        Page::call("wrapperInput_task_setStartDateTime", id, getStart());
+        tell("wrapperInput_task_setStartDateTime", getStart());
     }
 }
 

@@ -140,12 +140,15 @@ void initProtocolTask(NetworkParser* parser)
 void protocolTaskCommandAdd(const QJsonObject& reply)
 {
     showRefusal(reply, addRefusals);
-    const auto id = succeeded(reply) ? Fields::integer(reply, "id") : std::nullopt;
+    const int id = Fields::integer(reply, "id").value_or(0);
     const QJsonObject asked = request(reply);
-    if (id && isEvent(asked, "play")) {
-        addedPlay(*id, asked);
-    } else if (id && isEvent(asked, "stop")) {
-        takeStop(*id, asked);
+    if (!succeeded(reply) || id == 0) {
+        return;
+    }
+    if (isEvent(asked, "play")) {
+        addedPlay(id, asked);
+    } else if (isEvent(asked, "stop")) {
+        takeStop(id, asked);
     }
 }
 
@@ -153,10 +156,13 @@ void protocolTaskCommandEdit(const QJsonObject& reply)
 {
     showRefusal(reply, editRefusals);
     const QJsonObject asked = request(reply);
-    const auto id = succeeded(reply) ? Fields::integer(asked, "id") : std::nullopt;
-    if (id && isEvent(asked, "stop")) {
-        takeStop(*id, asked);
-    } else if (Task* const task = id ? Data::getTaskById(*id) : nullptr) {
+    const int id = Fields::integer(asked, "id").value_or(0);
+    if (!succeeded(reply)) {
+        return;
+    }
+    if (isEvent(asked, "stop")) {
+        takeStop(id, asked);
+    } else if (Task* const task = Data::getTaskById(id)) {
         refresh(*task, asked);
         Page::call("modalAdminTaskSavedShow");
     }

@@ -17,6 +17,8 @@
 #include "view/ScriptPipe.h"
 #include "view/SlotLog.h"
 
+#include <QTimeZone>
+
 #include <algorithm>
 
 namespace
@@ -98,7 +100,6 @@ void fill(Draft& draft, const QString& frequency, const QString& days,
           const QString& startDateTime, const QString& endDate, const QList<int>& zones,
           const QList<int>& devices, const QVariantMap& reply)
 {
-    // No page knows a task with id 0.
     draft.task.setFrequency(frequency);
     draft.task.setWeeklyDays(days);
     draft.task.setStartDate(startDateTime.section(QLatin1Char(' '), 0, 0));
@@ -179,6 +180,11 @@ void WebView::task_loadDeviceList()
             DeviceState::addToPage(*device);
         }
     });
+}
+
+QString WebView::task_zoneName()
+{
+    return QString::fromLatin1(QTimeZone::systemTimeZoneId());
 }
 
 void WebView::admin_loadTaskList()

@@ -222,6 +222,8 @@ public Q_SLOTS:
     void task_loadTask(int deviceId);
     /// The units that tasks play on.
     void task_loadDeviceList();
+    /// The name of this computer's time zone, "Europe/Moscow".
+    QString task_zoneName();
     void admin_loadTaskList();
     void admin_selectTask(int id);
     /// The days of a weekly task; all of them for another.

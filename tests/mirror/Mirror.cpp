@@ -76,8 +76,8 @@ template <class Item> struct Field {
     std::function<void(Item&, const QJsonValue&)> set;
 };
 
-template <class Item, class Got, class Taken>
-Field<Item> field(const char* name, Got (Item::*get)() const, void (Item::*set)(Taken))
+template <class Item, class Owner, class Got, class Taken>
+Field<Item> field(const char* name, Got (Owner::*get)() const, void (Item::*set)(Taken))
 {
     return {name, [get](const Item& item) { return json((item.*get)()); },
             [set](Item& item, const QJsonValue& value) {
@@ -342,6 +342,15 @@ const std::vector<Field<Task>>& fieldsOf(const Task*)
     static const std::vector<Field<Task>> fields{
         FIELD(Task, "title", Title),
         FIELD(Task, "playback", Playback),
+        FIELD(Task, "enabled", State),
+        FIELD(Task, "frequency", Frequency),
+        FIELD(Task, "days", WeeklyDays),
+        FIELD(Task, "date", StartDate),
+        FIELD(Task, "time", StartTime),
+        FIELD(Task, "last", EndDate),
+        FIELD(Task, "stop", EndTime),
+        FIELD(Task, "stopId", EndId),
+        FIELD(Task, "repeats", Repeats),
     };
     return fields;
 }

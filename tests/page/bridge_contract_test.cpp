@@ -45,6 +45,7 @@ const QMap<QString, QString> slotsWithoutPage = {
     {"loadLoginPage", "called at the end of a session"},
     {"resetBlockTimer", "called by the event filter"},
     {"modal_blockShow", "connected to the lock's timer"},
+    {"admin_enableTask", "the form sends the switch with all else; for whoever wants it alone"},
     {"admin_getLineControlForDevice", "lines come by the unit's states; for whoever asks again"},
 };
 
@@ -56,7 +57,6 @@ const QMap<QString, QStringList> pagesToCome = {
       "deviceInfo_hideMessages", "modalAdminDevicePlayingError", "wrapperInput_device_addMessage",
       "wrapperInput_device_deleteMessage", "wrapperInput_device_setAvailableMemory",
       "wrapperInput_device_setMessageId"}},
-    {"schedule and presets", {"admin_loadPlaylistList", "admin_loadPlaylistTracks"}},
     {"server settings",
      {"wrapperInput_server_editCommandPort", "wrapperInput_server_editMulticastAddress",
       "wrapperInput_server_selectInterface", "wrapperInput_server_setAvailableServerVersion",

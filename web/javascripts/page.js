@@ -16,6 +16,7 @@ const regions = (function () {
         "#add_server",
     ];
     const listeners = {}; // per name, its functions by region
+    const replaced = {}; // the session's own functions, which a fragment may have in another way
     const loads = {}; // per region, the number of the load that counts
     let current = "frame"; // the region whose fragment is being put in
 
@@ -40,6 +41,9 @@ const regions = (function () {
         if (functions.length === 0) {
             delete listeners[name];
             delete window[name];
+            if (replaced[name]) {
+                window[name] = replaced[name];
+            }
         } else {
             window[name] = functions.length === 1 ? functions[0] : callAll(functions);
         }
@@ -47,6 +51,9 @@ const regions = (function () {
 
     function declare(functions) {
         Object.keys(functions).forEach((name) => {
+            if (!listeners[name] && typeof window[name] === "function") {
+                replaced[name] = window[name];
+            }
             const known = (listeners[name] = listeners[name] || {});
             if (known[current]) {
                 throw new Error("Declared twice in " + current + ": " + name);
