@@ -42,6 +42,7 @@ void describe(QCommandLineParser& parser)
         {"no-announce", "No announcement."},
         {"data", "Folder for the certificate.", "folder",
          QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)},
+        {"samples", "Writes five MP3 files into a folder, to be uploaded.", "folder"},
     });
     parser.addHelpOption();
 }
@@ -84,6 +85,7 @@ std::optional<Options> readOptions(const QStringList& arguments, QString* proble
     options.announce = !parser.isSet("no-announce");
     options.announceInterface = parser.value("announce-interface");
     options.dataFolder = parser.value("data");
+    options.samplesFolder = parser.value("samples");
     return options;
 }
 

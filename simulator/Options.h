@@ -22,6 +22,7 @@ struct Options {
     quint16 announcePort = announcementPort; ///< UDP
     QString announceInterface;               ///< name or address
     QString dataFolder;
+    QString samplesFolder; ///< empty for no files to upload
 };
 
 /// Reads the command line. Shows the help and ends the program when it is asked for; nothing on a

@@ -62,6 +62,7 @@ Server::Server(Installation fiction, Identity own)
       listener(std::make_unique<Listener>([this](qintptr descriptor) { accept(descriptor); }))
 {
     connect(&microphone, &AudioReceiver::said, this, &Server::said);
+    connect(&uploads, &UploadReceiver::said, this, &Server::said);
 }
 
 Server::~Server() = default;
@@ -192,7 +193,7 @@ void Server::accept(qintptr descriptor)
 
 void Server::serve(Session& session, const QJsonObject& request)
 {
-    Context context(state, session, microphone, connectedAccounts());
+    Context context(state, session, microphone, uploads, connectedAccounts());
     session.reply(request, answer(context, request));
     broadcast(context.pushes());
     for (const Later& later : context.delayed()) {
@@ -225,6 +226,9 @@ void Server::close(Session* session)
     }
     qCInfo(events) << "Session" << session->number() << "ended";
     silenceIfSpeaker(*session);
+    if (uploads.current().session == session->number()) {
+        uploads.close();
+    }
     const bool wasLoggedIn = !session->account().isEmpty();
     // Its own signal is under way, so it may not be destroyed here.
     place->release()->deleteLater();

@@ -3,6 +3,7 @@
 #include "simulator/AudioReceiver.h"
 #include "simulator/Identity.h"
 #include "simulator/Session.h"
+#include "simulator/UploadReceiver.h"
 #include "simulator/state/Installation.h"
 
 #include <QHostAddress>
@@ -72,6 +73,7 @@ private:
     Identity identity;
     Manners manners;
     AudioReceiver microphone;
+    UploadReceiver uploads;
     std::unique_ptr<Listener> listener;
     std::vector<std::unique_ptr<Session>> sessions;
     int nextSession = 1;

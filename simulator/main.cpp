@@ -8,6 +8,7 @@
 #include "simulator/Server.h"
 #include "simulator/StandardInput.h"
 #include "simulator/fiction/InstallationBuilder.h"
+#include "simulator/fiction/Samples.h"
 
 #include <QCoreApplication>
 
@@ -54,6 +55,9 @@ int main(int argc, char** argv)
     }
     auto identity = loadOrMakeIdentity(options->dataFolder, &problem);
     if (!identity) {
+        return fail(problem);
+    }
+    if (!options->samplesFolder.isEmpty() && !writeSamples(options->samplesFolder, &problem)) {
         return fail(problem);
     }
     const auto interface = findInterface(options->announceInterface);

@@ -32,6 +32,7 @@ QHash<Key, Command> makeTable()
                                  zoneCommands(),
                                  playbackCommands(),
                                  playbackControlCommands(),
+                                 libraryCommands(),
                                  redirectionCommands(),
                                  presetCommands(),
                                  taskCommands()}) {
@@ -78,6 +79,12 @@ QJsonObject success(QJsonObject fields)
 QJsonObject refusal(const char* word)
 {
     return {{"response", QLatin1String(word)}};
+}
+
+bool isTitle(const QString& title)
+{
+    constexpr int longest = 32;
+    return !title.isEmpty() && title.size() <= longest;
 }
 
 } // namespace simulator

@@ -38,6 +38,7 @@ Commands firmwareCommands();
 Commands zoneCommands();
 Commands playbackCommands();
 Commands playbackControlCommands();
+Commands libraryCommands();
 Commands redirectionCommands();
 Commands presetCommands();
 Commands taskCommands();
@@ -50,5 +51,8 @@ QJsonObject answer(Context& context, const QJsonObject& request);
 QJsonObject success(QJsonObject fields = {});
 /// A reply that says nothing but this word.
 QJsonObject refusal(const char* word);
+
+/// Whether something may be called so: 1 to 32 characters.
+bool isTitle(const QString& title);
 
 } // namespace simulator

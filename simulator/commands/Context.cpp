@@ -25,8 +25,12 @@ Push membershipPush(const QString& action, int zone, int unit)
 }
 
 Context::Context(Installation& installation, Session& session, AudioReceiver& receiver,
-                 QStringList accounts)
-    : state(installation), asking(session), microphone(receiver), connected(std::move(accounts))
+                 UploadReceiver& uploads, QStringList accounts)
+    : state(installation),
+      asking(session),
+      microphone(receiver),
+      files(uploads),
+      connected(std::move(accounts))
 {
 }
 

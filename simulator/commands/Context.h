@@ -15,6 +15,7 @@ namespace simulator
 
 class AudioReceiver;
 class Server;
+class UploadReceiver;
 
 /// A message of the server's own accord, and who hears it.
 struct Push {
@@ -43,7 +44,7 @@ class Context
 {
 public:
     Context(Installation& installation, Session& session, AudioReceiver& receiver,
-            QStringList accounts);
+            UploadReceiver& uploads, QStringList accounts);
 
     Installation& installation() { return state; }
     Session& session() { return asking; }
@@ -58,6 +59,8 @@ public:
     const QStringList& connectedAccounts() const { return connected; }
     /// Where the speaking console sends its sound.
     AudioReceiver& audioReceiver() { return microphone; }
+    /// Where a console sends a file.
+    UploadReceiver& uploadReceiver() { return files; }
 
     /// Sends a push to all sessions, behind the reply.
     void push(Push push) { outbox.push_back(std::move(push)); }
@@ -75,6 +78,7 @@ private:
     Installation& state;
     Session& asking;
     AudioReceiver& microphone;
+    UploadReceiver& files;
     QStringList connected;
     std::vector<Push> outbox;
     std::vector<Later> deeds;

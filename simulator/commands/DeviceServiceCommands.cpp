@@ -14,7 +14,6 @@ namespace
 
 constexpr int rebootMilliseconds = 3000;
 constexpr int findMilliseconds = 2000;
-constexpr int longestTitle = 32;
 
 /// A unit that reboots is gone for a while.
 QJsonObject reboot(Context& context, const QJsonObject& request)
@@ -132,9 +131,8 @@ QJsonObject setTipDeviceTitle(Context& context, const QJsonObject& request)
 {
     const QString title = request.value("title").toString();
     return changeLine(context, request, [&title](Line& line) {
-        const bool isTitle = !title.isEmpty() && title.size() <= longestTitle;
-        line.title = isTitle ? title : line.title;
-        return isTitle && !line.isNew;
+        line.title = isTitle(title) ? title : line.title;
+        return isTitle(title) && !line.isNew;
     });
 }
 

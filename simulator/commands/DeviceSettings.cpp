@@ -13,8 +13,6 @@ namespace simulator
 namespace
 {
 
-constexpr int longestTitle = 32;
-
 /// Makes the other consoles read everything about the unit again.
 void tellSettings(Context& context, const Unit& unit)
 {
@@ -27,7 +25,7 @@ QJsonObject setTitle(Context& context, const QJsonObject& request)
 {
     Unit* unit = unitIn(context, request);
     const QString title = request.value("title").toString();
-    if (!unit || title.isEmpty() || title.size() > longestTitle) {
+    if (!unit || !isTitle(title)) {
         return refusal("error");
     }
     const QVector<Unit>& units = context.installation().allUnits();

@@ -12,13 +12,6 @@ namespace simulator
 namespace
 {
 
-constexpr int longestText = 32;
-
-bool isText(const QString& text)
-{
-    return !text.isEmpty() && text.size() <= longestText;
-}
-
 void tell(Context& context, const QString& role)
 {
     context.pushToOthers(makePush("role", "reloadChanges", {{"name", role}}));
@@ -30,7 +23,7 @@ QJsonObject add(Context& context, const QJsonObject& request)
     role.name = request.value("name").toString();
     role.title = request.value("title").toString();
     QVector<Role>& roles = context.installation().roles;
-    if (!isText(role.name) || role.name.contains(' ') || !isText(role.title) ||
+    if (!isTitle(role.name) || role.name.contains(' ') || !isTitle(role.title) ||
         context.installation().role(role.name)) {
         return refusal("error");
     }
@@ -47,7 +40,7 @@ QJsonObject edit(Context& context, const QJsonObject& request)
 {
     Role* role = context.installation().role(request.value("name").toString());
     const QString title = request.value("title").toString();
-    if (!role || !isText(title)) {
+    if (!role || !isTitle(title)) {
         return refusal("error");
     }
     role->title = title;

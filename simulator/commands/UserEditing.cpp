@@ -9,19 +9,12 @@ namespace simulator
 namespace
 {
 
-constexpr int longestText = 32;
-
 bool titleIsTaken(const Installation& installation, const QString& title, const QString& byOther)
 {
     return std::any_of(installation.accounts.begin(), installation.accounts.end(),
                        [&title, &byOther](const Account& account) {
                            return account.title == title && account.name != byOther;
                        });
-}
-
-bool isTitle(const QString& title)
-{
-    return !title.isEmpty() && title.size() <= longestText;
 }
 
 bool isName(const QString& name)

@@ -31,13 +31,6 @@ QJsonObject list(Context& context, const QJsonObject&)
     return success({{"zones", zones}, {"devices", devices}});
 }
 
-constexpr int longestTitle = 32;
-
-bool isTitle(const QString& title)
-{
-    return !title.isEmpty() && title.size() <= longestTitle;
-}
-
 /// The zone that a request names, null when there is none that the asker sees.
 Zone* zoneIn(Context& context, int id)
 {

@@ -111,8 +111,9 @@ void addLibrary(Installation& installation)
     }
     for (const NamedTrack& named : namedTracks) {
         const int position = installation.tracksOf(named.playlist).size();
+        const QString title = QString::fromUtf8(named.title);
         installation.tracks.append(
-            {named.id, named.playlist, QString::fromUtf8(named.title), position, named.duration});
+            {named.id, named.playlist, title, position, named.duration, title + ".mp3"});
     }
 }
 

@@ -91,9 +91,19 @@ const Zone* Installation::zone(int id) const
     return byId(zones, id);
 }
 
+Playlist* Installation::playlist(int id)
+{
+    return byId(playlists, id);
+}
+
 const Playlist* Installation::playlist(int id) const
 {
     return byId(playlists, id);
+}
+
+Track* Installation::track(int id)
+{
+    return byId(tracks, id);
 }
 
 const Track* Installation::track(int id) const

@@ -38,7 +38,9 @@ public:
     const Unit* unit(int id) const;
     Zone* zone(int id);
     const Zone* zone(int id) const;
+    Playlist* playlist(int id);
     const Playlist* playlist(int id) const;
+    Track* track(int id);
     const Track* track(int id) const;
     Playback* playback(int id);
     const Playback* playback(int id) const;

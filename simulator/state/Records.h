@@ -128,6 +128,7 @@ struct Track {
     QString title;
     int position = 0;
     int duration = 0; ///< seconds, -1 for a live stream
+    QString file;     ///< its name on the server, or the address of a stream
 };
 
 /// What is played again, and what follows.

@@ -13,7 +13,7 @@ constexpr int pictureMilliseconds = 16;
 
 } // namespace
 
-FileSender::FileSender(const QString& filePath, qint64 announcedSize, const QHostAddress& server,
+FileSender::FileSender(const QString& filePath, qint64 announcedSize, const QString& server,
                        quint16 serverPort)
     : path(filePath), size(announcedSize), address(server), port(serverPort)
 {
@@ -27,7 +27,12 @@ void FileSender::start()
     patience->setSingleShot(true);
     patience->setInterval(patienceMilliseconds);
     connect(patience, &QTimer::timeout, this, [this] { fail("the server takes no bytes"); });
-    connect(socket, &QTcpSocket::connected, this, &FileSender::sendChunk);
+    connect(socket, &QTcpSocket::connected, this, [this] {
+        // Only a socket that the system knows has a buffer; binding it first would take a port that
+        // the file before may still hold.
+        socket->setSocketOption(QAbstractSocket::SendBufferSizeSocketOption, bufferBytes);
+        sendChunk();
+    });
     connect(socket, &QTcpSocket::bytesWritten, this, &FileSender::taken);
     connect(socket, &QTcpSocket::disconnected, this, [this] {
         if (written < size) {
@@ -41,10 +46,6 @@ void FileSender::start()
     }
     sinceShown.start();
     patience->start();
-    // The buffer can only be set on a socket that the system knows.
-    const bool isOld = address.protocol() == QAbstractSocket::IPv4Protocol;
-    socket->bind(isOld ? QHostAddress::AnyIPv4 : QHostAddress::Any);
-    socket->setSocketOption(QAbstractSocket::SendBufferSizeSocketOption, bufferBytes);
     socket->connectToHost(address, port);
 }
 

@@ -2,7 +2,6 @@
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QHostAddress>
 #include <QObject>
 #include <QTcpSocket>
 #include <QTimer>
@@ -16,7 +15,7 @@ class FileSender : public QObject
     Q_OBJECT
 public:
     /// `size` in bytes is what has been announced: no more is sent, also of a file that grows.
-    FileSender(const QString& filePath, qint64 announcedSize, const QHostAddress& server,
+    FileSender(const QString& filePath, qint64 announcedSize, const QString& server,
                quint16 serverPort);
 
 public Q_SLOTS:
@@ -39,7 +38,7 @@ private:
 
     QString path;
     qint64 size;
-    QHostAddress address;
+    QString address;
     quint16 port;
     QString problemText;
     qint64 written = 0;

@@ -65,9 +65,10 @@ void Upload::uploadList(int parent, const QStringList& paths)
 
 void Upload::finishEarly()
 {
-    if (listForUpload.size() > 1) {
-        listForUpload.resize(1);
-        showCount(0);
+    const int kept = isClosing ? 0 : 1;
+    if (listForUpload.size() > kept) {
+        listForUpload.resize(kept);
+        showCount(kept == 0 ? 1 : 0);
     }
 }
 
@@ -82,6 +83,7 @@ void Upload::stop()
     listForUpload.clear();
     currentTrackId = 0;
     isUploading = false;
+    isClosing = false;
 }
 
 /// Only one folder deep.
@@ -183,8 +185,8 @@ void Upload::transfer(const QJsonObject& reply)
     const QJsonObject announced = request(reply);
     const int port = Fields::integer(reply, "port").value_or(0);
     const auto size = static_cast<qint64>(announced.value(QLatin1String("size")).toDouble());
-    sender = new FileSender(announced.value(QLatin1String("fullPath")).toString(), size,
-                            QHostAddress(Data::ip), static_cast<quint16>(port));
+    sender = new FileSender(announced.value(QLatin1String("fullPath")).toString(), size, Data::ip,
+                            static_cast<quint16>(port));
     sender->moveToThread(&thread);
     connect(sender, &FileSender::progressed, this, [this](int percent) {
         Page::call("wrapperInput_playback_setLoadingTrack", currentTrackId, percent);
@@ -203,6 +205,7 @@ void Upload::loadEnd(const QJsonObject& announced, const QString& problem)
     sender->deleteLater();
     sender = nullptr;
     listForUpload.removeFirst();
+    isClosing = true;
     QJsonObject fields;
     for (const char* const name : {"parentId", "position", "title"}) {
         fields.insert(QLatin1String(name), announced.value(QLatin1String(name)));
@@ -215,6 +218,7 @@ void Upload::fileClosed(const QJsonObject& reply)
     if (!isUploading) {
         return;
     }
+    isClosing = false;
     if (!succeeded(reply)) {
         refuse({});
         if (Forbidden::isAnswer(reply)) {

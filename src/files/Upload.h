@@ -58,6 +58,7 @@ private:
     QVector<Uploads> listForUpload; ///< entry 0 is in work
     int currentTrackId = 0; ///< files of this batch that are done; the row of the one in work
     bool isUploading = false;
+    bool isClosing = false; ///< a file has been sent and waits for its end: entry 0 is the next one
     QThread thread;
     FileSender* sender = nullptr; ///< while bytes travel
 };

@@ -35,10 +35,8 @@ constexpr CommandRow commands[] = {
 };
 
 constexpr Refusal playRefusals[] = {
-    {"busyPorts", "modalBusyShow"},
-    {"lowPriority", "modalLowPriorityShow"},
-    {"noDevices", "modalNoDevicesShow"},
-    {"required", "modalRequiredUpdateShow"},
+    {"busyPorts", "modalBusyShow"},      {"lowPriority", "modalLowPriorityShow"},
+    {"noDevices", "modalNoDevicesShow"}, {"required", "modalRequiredUpdateShow"},
     {"playbackError", "modalPlayError"},
 };
 

@@ -69,8 +69,7 @@ void showForm(const Preset& preset)
     const int id = preset.getId();
     const Playlist* const folder = Data::getPlaylistById(preset.getPlaylist());
     const Track* const known = preset.track();
-    const Track* const track =
-        known ? known : Data::getFirstTrackInPlaylist(preset.getPlaylist());
+    const Track* const track = known ? known : Data::getFirstTrackInPlaylist(preset.getPlaylist());
     Page::call("wrapperInput_preset_select", id);
     Page::call("wrapperInput_preset_setId", id);
     Page::call("wrapperInput_preset_setTitle", id, preset.getTitle());
@@ -168,14 +167,15 @@ void WebView::admin_addPreset(const QString& name, const QString& type, int play
                               const QString& replayType, int replyCount, const QString& action)
 {
     const SlotLog log("admin_addPreset", QStringLiteral(": ") + name, LogLevel::PresetSettings);
-    sendPreset(PresetCommand::Add,
-               playFields(type, zones.toVector(), devices.toVector(), replayType, replyCount - 1, action),
-               name, playlist, track, newPosition());
+    sendPreset(
+        PresetCommand::Add,
+        playFields(type, zones.toVector(), devices.toVector(), replayType, replyCount - 1, action),
+        name, playlist, track, newPosition());
 }
 
 void WebView::admin_editPreset(int id, const QString& title, const QList<int>& zones,
-                               const QList<int>& devices, const QString& replayType,
-                               int replyCount, const QString& action)
+                               const QList<int>& devices, const QString& replayType, int replyCount,
+                               const QString& action)
 {
     const SlotLog log("admin_editPreset", QStringLiteral(": %1, ").arg(id) + title,
                       LogLevel::PresetSettings);

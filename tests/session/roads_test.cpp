@@ -24,7 +24,7 @@
 ///     run SCRIPT         in the page, for what has no other way
 ///     tell COMMAND       at the demo server's prompt
 ///     other NAME REQUEST ACTION {…}   what another console asks for, logged in by that name
-///     file NAME TEXT     writes a file into the folder %files%
+///     file NAME TEXT     writes a file into the folder %files%, where `music` holds MP3 files
 ///     picture NAME
 ///
 /// `%hostile%` stands for a name that would run if it weren't taken as text, as JSON has it.
@@ -77,7 +77,7 @@ void RoadsTest::road()
     QVERIFY(file.open(QIODevice::ReadOnly));
     QTemporaryDir data;
     DemoServer demo;
-    QVERIFY(demo.start(data.path()));
+    QVERIFY(demo.start(data.path(), 0, {"--samples", files.filePath("music")}));
     Console program({{"127.0.0.1", demo.port(), true}});
     server = &demo;
     console = &program;

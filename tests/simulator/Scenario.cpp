@@ -1,10 +1,12 @@
 #include "simulator/Scenario.h"
 
 #include "simulator/Playout.h"
+#include "simulator/fiction/Samples.h"
 #include "support/Rules.h"
 
 #include <QJsonArray>
 #include <QRegularExpression>
+#include <QTcpSocket>
 #include <QtTest>
 
 namespace
@@ -83,6 +85,9 @@ QString Scenario::playLine(const QString& line)
         letTimePass(rest.toInt());
         return {};
     }
+    if (line.startsWith("sound ")) {
+        return sendSound(rest.section(' ', 0, 0).toInt(), rest.section(' ', 1).toInt());
+    }
     return line.startsWith("end ") ? end(rest) : "what is this?";
 }
 
@@ -92,6 +97,7 @@ QString Scenario::request(const QString& who, const QString& names, const QJsonO
     const QJsonObject before = picture(fields.value("id"));
     const QJsonObject reply =
         consoles[who]->ask(names.section('/', 0, 0), names.section('/', 1), fields);
+    filePort = quint16(reply.value("port").toInt(filePort));
     if (reply.value("response") != word || !Rules::fits(reply, expected)) {
         return "answered: " + Rules::show(reply);
     }
@@ -120,6 +126,20 @@ QString Scenario::end(const QString& who)
     consoles.erase(who);
     const bool noticed = QTest::qWaitFor([&] { return server->sessionCount() < before; });
     return noticed ? QString() : "nobody noticed";
+}
+
+QString Scenario::sendSound(int seconds, int samplingRate)
+{
+    QTcpSocket socket;
+    socket.connectToHost(QHostAddress::LocalHost, filePort);
+    if (!socket.waitForConnected()) {
+        return "no connection to port " + QString::number(filePort);
+    }
+    socket.write(simulator::silentSound(seconds, samplingRate));
+    socket.disconnectFromHost();
+    return socket.state() == QAbstractSocket::UnconnectedState || socket.waitForDisconnected()
+               ? QString()
+               : "not all was taken";
 }
 
 /// The clocks of everything that plays are set back.

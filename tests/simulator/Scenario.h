@@ -16,9 +16,11 @@
 ///   reply admin < device/setState {deviceId:1}                    the next push that a console
 ///   hears admin < ...                                             and whatever else it has heard
 ///   type link 3 no > ok                                     a line at the server's prompt
-///   time 60                                                 so many seconds pass for what plays or
-///   is under way end guard                                               a console's connection is
-///   cut
+///   time 60                                                 so many seconds pass for what plays, or
+///                                                           is under way
+///   end guard                                               a console's connection is cut
+///   sound 3 44100                                           so many seconds of an MP3 file at that
+///                                                           rate, to the port of the last reply
 ///
 /// A console is named after its account, with a digit behind for a second one of the same; all of
 /// them are logged in before the first line, but "guest". Keys need no quotes, "md5:x" stands for
@@ -41,6 +43,7 @@ private:
                     const QString& word, const QJsonObject& expected);
     QString push(const QString& who, const QString& names, const QJsonObject& expected);
     QString end(const QString& who);
+    QString sendSound(int seconds, int samplingRate);
     void letTimePass(int seconds);
     bool logInAll(const QStringList& lines);
     QString unexpectedPush();
@@ -49,5 +52,6 @@ private:
     ServerFixture server;
     simulator::Prompt prompt{*server};
     Client witness{server->port()};
+    quint16 filePort = 0;
     std::map<QString, std::unique_ptr<Client>> consoles;
 };
