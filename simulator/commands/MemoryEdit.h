@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/commands/CommandTable.h"
 #include "simulator/commands/Context.h"
 
 namespace simulator
@@ -12,8 +13,6 @@ constexpr int scenarioSize = 64;
 const char* editRefusal(Context& context, const Unit* unit);
 /// Keeps what the unit holds until the edits are applied, and makes the other consoles read anew.
 void beginEdit(Context& context, Unit& unit);
-/// A title of an entry has 1 to 32 characters.
-bool isTitle(const QString& title);
 /// Whether an announcement is complete and names fragments that are there.
 bool isScenario(const UnitMemory& memory, const MemoryScenario& scenario);
 /// What all entries take, in bytes.

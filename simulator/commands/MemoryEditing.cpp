@@ -217,11 +217,6 @@ QJsonObject revertChanges(Context& context, const QJsonObject& request)
 
 } // namespace
 
-bool isTitle(const QString& title)
-{
-    return !title.isEmpty() && title.size() <= longestTitle;
-}
-
 bool isScenario(const UnitMemory& memory, const MemoryScenario& scenario)
 {
     const auto isMessage = [&memory](int position) {

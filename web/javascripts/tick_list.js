@@ -139,12 +139,9 @@ class TickList {
         Array.from(this.locked).forEach((id) => this.unlock(id));
     }
 
-    // Ticks a box for the operator.
+    // Ticks a box because of something else on the page, which is no change of the operator's.
     mark(id) {
-        if (this.has(id) && !this.list.get(id).ticked) {
-            this.list.tick(id, true);
-            this.own[this.stored.has(id) ? "delete" : "add"](id);
-        }
+        this.list.tick(id, true);
     }
 
     // The ids of the ticked rows, and of all, in order of arrival.
