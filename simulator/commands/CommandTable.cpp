@@ -15,27 +15,14 @@ using Key = QPair<QString, QString>;
 QHash<Key, Command> makeTable()
 {
     QHash<Key, Command> table;
-    for (const auto& protocol : {userCommands(),
-                                 userEditingCommands(),
-                                 roleCommands(),
-                                 roleEditingCommands(),
-                                 helperCommands(),
-                                 serverCommands(),
-                                 logCommands(),
-                                 deviceCommands(),
-                                 deviceSettingsCommands(),
-                                 deviceServiceCommands(),
-                                 deviceMemoryCommands(),
-                                 memoryEditingCommands(),
-                                 memoryImageCommands(),
-                                 firmwareCommands(),
-                                 zoneCommands(),
-                                 playbackCommands(),
-                                 playbackControlCommands(),
-                                 libraryCommands(),
-                                 redirectionCommands(),
-                                 presetCommands(),
-                                 taskCommands()}) {
+    for (const auto& protocol :
+         {userCommands(),          userEditingCommands(),     roleCommands(),
+          roleEditingCommands(),   helperCommands(),          serverCommands(),
+          logCommands(),           deviceCommands(),          deviceSettingsCommands(),
+          deviceServiceCommands(), deviceMemoryCommands(),    memoryEditingCommands(),
+          memoryImageCommands(),   firmwareCommands(),        zoneCommands(),
+          playbackCommands(),      playbackControlCommands(), libraryCommands(),
+          redirectionCommands(),   presetCommands(),          taskCommands()}) {
         for (const Command& command : protocol) {
             table.insert({command.protocol, command.action}, command);
         }

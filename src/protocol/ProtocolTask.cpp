@@ -114,8 +114,7 @@ void addedPlay(int id, const QJsonObject& asked)
 }
 
 /// The events of a list by their ids; one without is left out with a log line.
-template <class Take>
-void eachEvent(const QJsonArray& events, const char* kind, Take take)
+template <class Take> void eachEvent(const QJsonArray& events, const char* kind, Take take)
 {
     for (const QJsonValue& value : events) {
         const QJsonObject event = value.toObject();

@@ -30,22 +30,21 @@ QString daysBehind(const QString& days)
 
 QJsonObject TaskEvents::playFields(const Task& task, const QString& title)
 {
-    QJsonObject fields{
-        {QStringLiteral("title"), title},
-        {QStringLiteral("enable"), task.getState()},
-        {QStringLiteral("event"), QStringLiteral("play")},
-        {QStringLiteral("eventId"), task.getPlaylist()},
-        {QStringLiteral("trackId"), task.getTrack()},
-        {QStringLiteral("frequency"), task.getFrequency()},
-        {QStringLiteral("step"), 1},
-        {QStringLiteral("startDate"), task.getStartDate()},
-        {QStringLiteral("startTime"), task.getStartTime()},
-        {QStringLiteral("endDate"), task.getEndDate()},
-        {QStringLiteral("zones"), PlayFields::idArray(task.getZoneList())},
-        {QStringLiteral("devices"), PlayFields::idArray(task.getDeviceList())},
-        {QStringLiteral("targetPlaying"), task.getTargetPlaying()},
-        {QStringLiteral("repeats"), task.getRepeats()},
-        {QStringLiteral("actionIfEnd"), task.getActionIfEnd()}};
+    QJsonObject fields{{QStringLiteral("title"), title},
+                       {QStringLiteral("enable"), task.getState()},
+                       {QStringLiteral("event"), QStringLiteral("play")},
+                       {QStringLiteral("eventId"), task.getPlaylist()},
+                       {QStringLiteral("trackId"), task.getTrack()},
+                       {QStringLiteral("frequency"), task.getFrequency()},
+                       {QStringLiteral("step"), 1},
+                       {QStringLiteral("startDate"), task.getStartDate()},
+                       {QStringLiteral("startTime"), task.getStartTime()},
+                       {QStringLiteral("endDate"), task.getEndDate()},
+                       {QStringLiteral("zones"), PlayFields::idArray(task.getZoneList())},
+                       {QStringLiteral("devices"), PlayFields::idArray(task.getDeviceList())},
+                       {QStringLiteral("targetPlaying"), task.getTargetPlaying()},
+                       {QStringLiteral("repeats"), task.getRepeats()},
+                       {QStringLiteral("actionIfEnd"), task.getActionIfEnd()}};
     if (task.isWeekly()) {
         fields.insert(QStringLiteral("days"), task.getWeeklyDays());
     }

@@ -38,8 +38,7 @@ bool concerns(const Task& task, const Device& device)
                        [&](int zone) { return task.getZoneList().contains(zone); });
 }
 
-const QString everyDay =
-    QStringLiteral("monday,tuesday,wednesday,thursday,friday,saturday,sunday");
+const QString everyDay = QStringLiteral("monday,tuesday,wednesday,thursday,friday,saturday,sunday");
 
 void showTargets(const Task& task)
 {
@@ -96,9 +95,9 @@ struct Draft {
     QString endTime;
 };
 
-void fill(Draft& draft, const QString& frequency, const QString& days,
-          const QString& startDateTime, const QString& endDate, const QList<int>& zones,
-          const QList<int>& devices, const QVariantMap& reply)
+void fill(Draft& draft, const QString& frequency, const QString& days, const QString& startDateTime,
+          const QString& endDate, const QList<int>& zones, const QList<int>& devices,
+          const QVariantMap& reply)
 {
     draft.task.setFrequency(frequency);
     draft.task.setWeeklyDays(days);

@@ -248,16 +248,16 @@ public Q_SLOTS:
     void admin_selectTask(int id);
     /// The days of a weekly task; all of them for another.
     void admin_loadTaskWeekDays(int id);
-    /// `type` is the frequency; `startDateTime` "YYYY-MM-DD HH:mm" and all other times in UTC; `reply`
-    /// holds `endTime`, `replayType`, `replyCount` and `action`.
+    /// `type` is the frequency; `startDateTime` "YYYY-MM-DD HH:mm" and all other times in UTC;
+    /// `reply` holds `endTime`, `replayType`, `replyCount` and `action`.
     void admin_addTask(const QString& name, const QString& type, const QString& weeklyDays,
-                       const QString& startDateTime, const QString& endDate, int playlist, int track,
-                       const QList<int>& zones, const QList<int>& devices,
+                       const QString& startDateTime, const QString& endDate, int playlist,
+                       int track, const QList<int>& zones, const QList<int>& devices,
                        const QVariantMap& reply);
     void admin_editTask(int id, const QString& name, const QString& type, bool state,
                         const QString& weeklyDays, const QString& startDateTime,
-                        const QString& endDate, const QList<int>& zones,
-                        const QList<int>& devices, const QVariantMap& reply);
+                        const QString& endDate, const QList<int>& zones, const QList<int>& devices,
+                        const QVariantMap& reply);
     void admin_copyTask(int id, const QString& title);
     void admin_deleteTask(int id);
     void admin_enableTask(int id, bool state);

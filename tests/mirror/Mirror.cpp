@@ -340,16 +340,11 @@ const std::vector<Field<Playback>>& fieldsOf(const Playback*)
 const std::vector<Field<Task>>& fieldsOf(const Task*)
 {
     static const std::vector<Field<Task>> fields{
-        FIELD(Task, "title", Title),
-        FIELD(Task, "playback", Playback),
-        FIELD(Task, "enabled", State),
-        FIELD(Task, "frequency", Frequency),
-        FIELD(Task, "days", WeeklyDays),
-        FIELD(Task, "date", StartDate),
-        FIELD(Task, "time", StartTime),
-        FIELD(Task, "last", EndDate),
-        FIELD(Task, "stop", EndTime),
-        FIELD(Task, "stopId", EndId),
+        FIELD(Task, "title", Title),     FIELD(Task, "playback", Playback),
+        FIELD(Task, "enabled", State),   FIELD(Task, "frequency", Frequency),
+        FIELD(Task, "days", WeeklyDays), FIELD(Task, "date", StartDate),
+        FIELD(Task, "time", StartTime),  FIELD(Task, "last", EndDate),
+        FIELD(Task, "stop", EndTime),    FIELD(Task, "stopId", EndId),
         FIELD(Task, "repeats", Repeats),
     };
     return fields;

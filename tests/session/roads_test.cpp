@@ -154,13 +154,16 @@ bool RoadsTest::hit(const QString& selector, const std::function<void(QPoint)>& 
             "(function () {"
             "  var all = $(\"%1\").filter(':visible'); var item = all[0];"
             "  if (!item || item.disabled || $('.modal.fade').is(':animated')) { return ''; }"
-            "  var box = item.getBoundingClientRect();"
-            "  if (box.top < 0 || box.bottom > window.innerHeight) {"
-            "    item.scrollIntoView(); box = item.getBoundingClientRect(); }"
-            "  var x = Math.round(box.left + box.width / 2), y = Math.round(box.top + box.height / "
-            "2);"
-            "  var top = document.elementFromPoint(x, y);"
-            "  return top && (item.contains(top) || top.contains(item)) ? x + ',' + y : '';"
+            "  function spot() {"
+            "    var box = item.getBoundingClientRect();"
+            "    var x = Math.round(box.left + box.width / 2),"
+            "        y = Math.round(box.top + box.height / 2);"
+            "    var top = document.elementFromPoint(x, y);"
+            "    return top && (item.contains(top) || top.contains(item)) ? x + ',' + y : '';"
+            "  }"
+            "  var found = spot();"
+            "  if (!found) { item.scrollIntoView(); found = spot(); }"
+            "  return found;"
             "})()")
             .arg(QString(selector).replace('"', '\''));
     if (!console->waitFor(place + " !== ''")) {

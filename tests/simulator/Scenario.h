@@ -16,7 +16,8 @@
 ///   reply admin < device/setState {deviceId:1}                    the next push that a console
 ///   hears admin < ...                                             and whatever else it has heard
 ///   type link 3 no > ok                                     a line at the server's prompt
-///   time 60                                                 so many seconds pass for what plays, or
+///   time 60                                                 so many seconds pass for what plays,
+///   or
 ///                                                           is under way
 ///   end guard                                               a console's connection is cut
 ///   sound 3 44100                                           so many seconds of an MP3 file at that

@@ -15,7 +15,7 @@
 //   ticked   function (id): the operator has ticked or unticked a box
 class TickList {
     constructor(options) {
-        this.options = Object.assign({ticked: $.noop}, options);
+        this.options = Object.assign({}, options, {ticked: options.ticked || $.noop});
         this.stored = new Set(); // what the mirror holds
         this.own = new Set(); // what the operator has turned round
         this.locked = new Set();

@@ -298,8 +298,7 @@ void WebView::admin_savePermissions(const QString& name, const QList<int>& zones
                                     const QList<int>& playlists, const QList<int>& presets,
                                     const QList<int>& tasks, const QVariantMap& rights)
 {
-    const SlotLog log("admin_savePermissions", QStringLiteral(": ") + name,
-                      LogLevel::RoleSettings);
+    const SlotLog log("admin_savePermissions", QStringLiteral(": ") + name, LogLevel::RoleSettings);
     QJsonObject fields = withRights(named(name), rights);
     fields = withIds(fields, RoleLists::zones, zones);
     fields = withIds(fields, RoleLists::playlists, playlists);
