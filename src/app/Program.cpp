@@ -5,6 +5,7 @@
 #include "log/Log.h"
 #include "network/TcpClient.h"
 #include "page/ScriptCall.h"
+#include "protocol/ProtocolLog.h"
 #include "protocol/Protocols.h"
 #include "protocol/SessionHooks.h"
 
@@ -85,7 +86,7 @@ Program::Basis::~Basis()
 Program::Program(const QStringList& arguments)
     : basis(arguments),
       serverList(Configuration::serverFile()),
-      webView({scriptPipe, discovery, idleLock, folderBrowser, upload})
+      webView({scriptPipe, discovery, idleLock, folderBrowser, upload, logFeed})
 {
     if (!QFile::exists(Configuration::serverFile())) {
         serverList.saveList();
@@ -108,6 +109,7 @@ Program::~Program()
     Data::tcpClient.setReadHook({});
     Data::tcpClient.setSessionEndHook({});
     sessionHooks() = {};
+    serverLogHooks() = {};
     Page::setSink({});
     Data::clearSession();
     Data::webView = nullptr;
@@ -122,6 +124,10 @@ void Program::joinView()
     Data::tcpClient.setReadHook(gather);
     playbackUpdater.setUpdateHook(gather);
     Data::tcpClient.setSessionEndHook([this] { endSession(); });
+    serverLogHooks().arrived = [this](const QString& date, const QString& text) {
+        logFeed.take(date, text);
+    };
+    serverLogHooks().refused = [this](const QString& date) { logFeed.refuse(date); };
     sessionHooks().loginSucceeded = [this] { webView.login_loginSuccess(); };
     sessionHooks().loginRefused = [this] { webView.login_loginError(); };
     sessionHooks().loginCompleted = [this] { webView.loginCompleted(); };
@@ -134,6 +140,7 @@ void Program::endSession()
     audioManager.release();
     upload.stop();
     folderBrowser.stop();
+    logFeed.stop();
     webView.stopTimers();
     if (Data::tcpClient.hasLostConnection() && !Data::leaving) {
         webView.tellConnectionLost();

@@ -10,6 +10,7 @@
 #include "model/ServerList.h"
 #include "view/Discovery.h"
 #include "view/IdleLock.h"
+#include "view/LogFeed.h"
 #include "view/ScriptPipe.h"
 #include "view/WebView.h"
 
@@ -57,5 +58,6 @@ private:
     IdleLock idleLock;
     FolderBrowser folderBrowser;
     Upload upload;
+    LogFeed logFeed;
     WebView webView;
 };

@@ -25,9 +25,13 @@ public:
     /// The multicast address of the audio stream.
     const QString& getMulticastIp() const { return multicastIp; }
     void setMulticastIp(const QString& ip);
+    /// Stores alone: the page has it already.
+    void storeMulticastIp(const QString& ip) { multicastIp = ip; }
     /// The UDP port for commands to units.
     int getCommandPort() const { return commandPort; }
     void setCommandPort(int port);
+    /// Stores alone: the page has it already.
+    void storeCommandPort(int port) { commandPort = port; }
     const QString& getServerVersion() const { return serverVersion; }
     void setServerVersion(const QString& version);
     /// The version offered as an update; the running one when none is offered.

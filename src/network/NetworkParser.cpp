@@ -118,7 +118,11 @@ void NetworkParser::reset()
 IncomingMessage NetworkParser::read(const QByteArray& text)
 {
     QJsonParseError error{};
-    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    if (error.error == QJsonParseError::IllegalUTF8String) {
+        // What a file of the server holds may be anything: its broken bytes become U+FFFD.
+        document = QJsonDocument::fromJson(QString::fromUtf8(text).toUtf8(), &error);
+    }
     if (document.isObject()) {
         return {document.object(), {}};
     }

@@ -11,6 +11,7 @@ class Device;
 class Discovery;
 class FolderBrowser;
 class IdleLock;
+class LogFeed;
 class QWebFrame;
 class QWebView;
 class ScriptPipe;
@@ -30,6 +31,7 @@ public:
         IdleLock& lock;
         FolderBrowser& folders;
         Upload& upload;
+        LogFeed& logFeed;
     };
     explicit WebView(const Parts& parts);
     ~WebView() override;
@@ -163,6 +165,54 @@ public Q_SLOTS:
     void settings_volume_init();
     /// Both 0 to 100.
     void settings_volume_save(int microphone, int warning);
+
+    // Folders of the client: settings/Files.cpp
+    void settings_files_init();
+    /// Of these folders, those that can't keep files.
+    QStringList settings_files_unusable(const QStringList& paths);
+    /// These three store nothing for a folder that can't keep files.
+    void settings_file_selectFirmwareDir(const QString& path);
+    void settings_file_selectLogDir(const QString& path);
+    void settings_file_selectMessageDir(const QString& path);
+    void settings_loadDrives(const QString& type);
+    void settings_loadPath(const QString& path, const QString& drive, const QString& type = {});
+
+    // What the client logs: settings/LogSwitches.cpp
+    void settings_log_init();
+    // Each sets its switch at once, and stores it.
+    void settings_saveLogConnect(bool value);
+    void settings_saveLogAccessError(bool value);
+    void settings_saveLogClientSettings(bool value);
+    void settings_saveLogPlayback(bool value);
+    void settings_saveLogMicrophoneBroadcasting(bool value);
+    void settings_saveLogAlarmBroadcasting(bool value);
+    void settings_saveLogPresetStart(bool value);
+    void settings_saveLogDeviceControl(bool value);
+    void settings_saveLogMemoryPlay(bool value);
+    void settings_saveLogUserSettings(bool value);
+    void settings_saveLogRoleSettings(bool value);
+    void settings_saveLogZoneSettings(bool value);
+    void settings_saveLogDeviceSettings(bool value);
+    void settings_saveLogPlaylistSettings(bool value);
+    void settings_saveLogPresetSettings(bool value);
+    void settings_saveLogTaskSettings(bool value);
+    void settings_saveLogServerSettings(bool value);
+    void settings_saveLogServerLogSettings(bool value);
+
+    // The server and its log: admin/Server.cpp
+    void admin_loadServerSettings();
+    /// Versions and the Internet; asks the server for both anew.
+    void admin_loadServerInfo();
+    /// An empty `ip` is the server's own choice of an interface; port 1 to 65535.
+    void admin_saveServerSettings(const QString& ip, const QString& multicastIp, int port);
+    void admin_serverRestart();
+    void admin_loadLogLevel();
+    void admin_loadLogDates();
+    /// The day as the server names it; the log comes in pieces.
+    void admin_loadLogDate(const QString& date);
+    /// The log that was asked for isn't wanted any more.
+    void admin_stopLog();
+    void admin_setLogLevel(bool value);
 
     // Rights: admin/Role.cpp
     /// Replays the operator's rights into the bars of the device list, and the alarm icon.
@@ -327,6 +377,7 @@ private:
     IdleLock& lock;
     FolderBrowser& folders;
     Upload& upload;
+    LogFeed& logFeed;
     std::unique_ptr<QWebView> view;
     bool sessionPage = false;   ///< index.html is on show or on its way
     bool frameLoaded = false;   ///< the session page on show has asked for what it missed

@@ -57,10 +57,6 @@ const QMap<QString, QStringList> pagesToCome = {
       "deviceInfo_hideMessages", "modalAdminDevicePlayingError", "wrapperInput_device_addMessage",
       "wrapperInput_device_deleteMessage", "wrapperInput_device_setAvailableMemory",
       "wrapperInput_device_setMessageId"}},
-    {"server settings",
-     {"wrapperInput_server_editCommandPort", "wrapperInput_server_editMulticastAddress",
-      "wrapperInput_server_selectInterface", "wrapperInput_server_setAvailableServerVersion",
-      "wrapperInput_server_setInternetStatus", "wrapperInput_server_setServerVersion"}},
     {"zone administration", {"menu_subZoneLoad", "zone_excludeDevice", "zone_includeDevice"}},
 };
 
