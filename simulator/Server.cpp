@@ -181,6 +181,21 @@ void Server::dropConnections()
     }
 }
 
+void Server::restart()
+{
+    constexpr int downMilliseconds = 3000;
+    const QHostAddress where = address();
+    const quint16 portBefore = port();
+    qCInfo(events) << "The server restarts";
+    listener->close();
+    dropConnections();
+    QTimer::singleShot(downMilliseconds, this, [this, where, portBefore] {
+        if (listen(where, portBefore)) {
+            qCInfo(events) << "The server is back";
+        }
+    });
+}
+
 void Server::accept(qintptr descriptor)
 {
     sessions.push_back(

@@ -50,6 +50,8 @@ public:
     void end(int playback, const QString& by);
 
     void dropConnections();
+    /// Ends all connections, and takes none for a few seconds.
+    void restart();
     /// For all sessions, from their next request on.
     void setReplyDelay(int milliseconds);
     void setSilent(bool silent) { manners.silent = silent; }

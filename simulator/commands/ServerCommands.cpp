@@ -1,4 +1,5 @@
 #include "simulator/Announcer.h"
+#include "simulator/Server.h"
 #include "simulator/commands/CommandTable.h"
 
 #include <QHostAddress>
@@ -74,6 +75,13 @@ QJsonObject setCommandPort(Context& context, const QJsonObject& request)
     return success();
 }
 
+/// All sessions end, and the server takes new ones again after a while.
+QJsonObject restart(Context& context, const QJsonObject&)
+{
+    context.later(0, [](Server& server) { server.restart(); });
+    return success();
+}
+
 } // namespace
 
 Commands serverCommands()
@@ -88,6 +96,7 @@ Commands serverCommands()
         {server, QLatin1String("setNetworkInterface"), {Right::Server}, setNetworkInterface},
         {server, QLatin1String("setMulticastIP"), {Right::Server}, setMulticastIP},
         {server, QLatin1String("setCommandPort"), {Right::Server}, setCommandPort},
+        {server, QLatin1String("restart"), {Right::Server}, restart},
     };
 }
 

@@ -5,7 +5,8 @@
 
 #include <functional>
 
-/// What a day's log of the server causes. Installed once at start; a hook that isn't set does nothing.
+/// What a day's log of the server causes. Installed once at start; a hook that isn't set does
+/// nothing.
 struct ServerLogHooks {
     /// The log of a day has come, whole.
     std::function<void(const QString& date, const QString& text)> arrived;

@@ -65,11 +65,16 @@ void protocolServerCommandGetNetworkInterfaceList(const QJsonObject& reply)
         return;
     }
     QVector<NetworkInterface>& interfaces = Data::serverSettings.getInterfaces();
+    for (int gone = interfaces.size() - 1; gone >= 0; --gone) {
+        Page::call("wrapperInput_server_deleteInterface", gone);
+    }
     interfaces.clear();
     for (const QJsonValue& value : *list) {
         const QJsonObject element = value.toObject();
         if (const auto ip = Fields::text(element, "ip")) {
             interfaces.append({*ip, Fields::text(element, "description").value_or(QString())});
+            Page::call("wrapperInput_server_addInterface", interfaces.size() - 1, *ip,
+                       interfaces.last().description, false);
         } else {
             Log::dropped(QStringLiteral("Dropped interface of the server: no address"));
         }

@@ -4,8 +4,9 @@
 #include <QString>
 #include <QTimer>
 
-/// Feeds the log of a day into the page, a piece a turn of the event loop, exact to the character: a
-/// log may have tens of megabytes. The day asked for last counts; what comes of another is dropped.
+/// Feeds the log of a day into the page, a piece a turn of the event loop, exact to the character:
+/// a log may have tens of megabytes. The day asked for last counts; what comes of another is
+/// dropped.
 class LogFeed : public QObject
 {
     Q_OBJECT

@@ -30,7 +30,8 @@ void WebView::settings_log_init()
     Page::call("wrapperInput_settings_log_access_error", switches.isAccessError());
     Page::call("wrapperInput_settings_log_client_settings", switches.isClientSettings());
     Page::call("wrapperInput_settings_log_playback", switches.isPlayback());
-    Page::call("wrapperInput_settings_log_microphone_broadcasting", switches.isMicrophoneBroadcasting());
+    Page::call("wrapperInput_settings_log_microphone_broadcasting",
+               switches.isMicrophoneBroadcasting());
     Page::call("wrapperInput_settings_log_alarm_broadcasting", switches.isAlarmBroadcasting());
     Page::call("wrapperInput_settings_log_preset_start", switches.isPresetStart());
     Page::call("wrapperInput_settings_log_device_control", switches.isDeviceControl());

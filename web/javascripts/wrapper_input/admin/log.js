@@ -130,8 +130,16 @@
 
     buildSelect("#log_dates");
     $("#log_dates").on("change", () => loadLogDate());
-    $("#log_maximum").on("change", () => $("#log_maximum").prop("checked") && modalAdminLogMaxLevel());
-    $("#log_search").on("keydown", (event) => event.which === 13 && find(event.shiftKey ? -1 : 1));
+    $("#log_maximum").on("change", function () {
+        if (this.checked) {
+            modalAdminLogMaxLevel();
+        }
+    });
+    $("#log_search").on("keydown", function (event) {
+        if (event.which === 13) {
+            find(event.shiftKey ? -1 : 1);
+        }
+    });
     $("#log_next").on("click", () => find(1));
     $("#log_previous").on("click", () => find(-1));
     $("#main").on("leave", () => wrapper.admin_stopLog());
