@@ -5,6 +5,7 @@
 #include "log/Log.h"
 #include "network/TcpClient.h"
 #include "page/ScriptCall.h"
+#include "protocol/DeviceMemoryEditing.h"
 #include "protocol/ProtocolLog.h"
 #include "protocol/Protocols.h"
 #include "protocol/SessionHooks.h"
@@ -86,7 +87,7 @@ Program::Basis::~Basis()
 Program::Program(const QStringList& arguments)
     : basis(arguments),
       serverList(Configuration::serverFile()),
-      webView({scriptPipe, discovery, idleLock, folderBrowser, upload, logFeed})
+      webView({scriptPipe, discovery, idleLock, folderBrowser, upload, fileWork, logFeed})
 {
     if (!QFile::exists(Configuration::serverFile())) {
         serverList.saveList();
@@ -110,6 +111,7 @@ Program::~Program()
     Data::tcpClient.setSessionEndHook({});
     sessionHooks() = {};
     serverLogHooks() = {};
+    memoryImageHooks() = {};
     Page::setSink({});
     Data::clearSession();
     Data::webView = nullptr;
@@ -124,6 +126,9 @@ void Program::joinView()
     Data::tcpClient.setReadHook(gather);
     playbackUpdater.setUpdateHook(gather);
     Data::tcpClient.setSessionEndHook([this] { endSession(); });
+    memoryImageHooks().arrived = [this](const QString& name, const QString& base64) {
+        webView.saveMemoryImage(name, base64);
+    };
     serverLogHooks().arrived = [this](const QString& date, const QString& text) {
         logFeed.take(date, text);
     };
@@ -141,6 +146,7 @@ void Program::endSession()
     upload.stop();
     folderBrowser.stop();
     logFeed.stop();
+    fileWork.stop();
     webView.stopTimers();
     if (Data::tcpClient.hasLostConnection() && !Data::leaving) {
         webView.tellConnectionLost();

@@ -2,6 +2,7 @@
 
 #include "app/InterruptWatch.h"
 #include "app/QtMessages.h"
+#include "files/FileWork.h"
 #include "files/FolderBrowser.h"
 #include "files/Upload.h"
 #include "log/LogSettings.h"
@@ -58,6 +59,7 @@ private:
     IdleLock idleLock;
     FolderBrowser folderBrowser;
     Upload upload;
+    FileWork fileWork;
     LogFeed logFeed;
     WebView webView;
 };

@@ -9,7 +9,9 @@
 #include "network/Fields.h"
 #include "page/ScriptCall.h"
 #include "protocol/Commands.h"
+#include "protocol/DeviceFirmware.h"
 #include "protocol/DeviceMemory.h"
+#include "protocol/DeviceMemoryEditing.h"
 #include "protocol/DeviceService.h"
 #include "protocol/DeviceSettings.h"
 #include "protocol/DeviceState.h"
@@ -29,29 +31,29 @@ constexpr CommandRow commands[] = {
     {"setTitle", protocolDeviceCommandSetTitle},
     {"getVolume", protocolDeviceCommandGetVolume},
     {"setVolume", protocolDeviceCommandSetVolume},
-    {"getChannel"},
+    {"getChannel", ignoreReply},
     {"setEqualizer", protocolDeviceCommandSetEqualizer},
     {"getEqualizer", protocolDeviceCommandGetEqualizer},
     {"reboot", protocolDeviceCommandReboot},
-    {"saveFirmware"},
-    {"deleteFirmware"},
-    {"listFirmware"},
-    {"upgradeFirmware"},
-    {"getProgressOfUpgrading"},
+    {"saveFirmware", protocolDeviceCommandSaveFirmware},
+    {"deleteFirmware", ignoreReply},
+    {"listFirmware", protocolDeviceCommandListFirmware},
+    {"upgradeFirmware", protocolDeviceCommandUpgradeFirmware},
+    {"getProgressOfUpgrading", protocolDeviceCommandGetProgressOfUpgrading},
     {"getMemoryStamp", protocolDeviceCommandGetMemoryStamp},
-    {"addMessage"},
-    {"deleteMessage"},
+    {"addMessage", protocolDeviceCommandAddMessage},
+    {"deleteMessage", protocolDeviceCommandDeleteMessage},
     {"listMessages", protocolDeviceCommandListMessages},
-    {"addScenario"},
-    {"deleteScenario"},
+    {"addScenario", protocolDeviceCommandAddScenario},
+    {"deleteScenario", protocolDeviceCommandDeleteScenario},
     {"listScenarios", protocolDeviceCommandListScenarios},
-    {"revertChanges"},
+    {"revertChanges", protocolDeviceCommandRevertChanges},
     {"getAvailableMemory", protocolDeviceCommandGetAvailableMemory},
-    {"uploadImage"},
-    {"downloadImage"},
-    {"clearMemory"},
-    {"applyToDevice"},
-    {"getProgressOfApplying"},
+    {"uploadImage", protocolDeviceCommandUploadImage},
+    {"downloadImage", protocolDeviceCommandDownloadImage},
+    {"clearMemory", ignoreReply},
+    {"applyToDevice", protocolDeviceCommandApplyToDevice},
+    {"getProgressOfApplying", protocolDeviceCommandGetProgressOfApplying},
     {"playMessage", protocolDeviceCommandPlayMessage},
     {"playScenario", protocolDeviceCommandPlayScenario},
     {"getPlays", protocolDeviceCommandGetPlays},

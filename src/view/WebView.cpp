@@ -43,6 +43,7 @@ WebView::WebView(const Parts& parts)
       lock(parts.lock),
       folders(parts.folders),
       upload(parts.upload),
+      fileWork(parts.fileWork),
       logFeed(parts.logFeed),
       view(std::make_unique<QWebView>())
 {

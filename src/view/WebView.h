@@ -9,6 +9,7 @@
 
 class Device;
 class Discovery;
+class FileWork;
 class FolderBrowser;
 class IdleLock;
 class LogFeed;
@@ -31,6 +32,7 @@ public:
         IdleLock& lock;
         FolderBrowser& folders;
         Upload& upload;
+        FileWork& fileWork;
         LogFeed& logFeed;
     };
     explicit WebView(const Parts& parts);
@@ -48,6 +50,8 @@ public:
     /// The login's last reply has come: what the engine has piled up over the login is given back
     /// once the page has come, too.
     void loginCompleted();
+    /// Keeps the image of a unit's memory in the client's folder, and says how that went.
+    void saveMemoryImage(const QString& name, const QString& base64);
 
 public Q_SLOTS:
     // Frame: WebView.cpp
@@ -352,6 +356,32 @@ public Q_SLOTS:
     void admin_measureDeviceLine(int id);
     void admin_getDebugInfo(int id);
 
+    // Memory of a unit: admin/DeviceMemory.cpp. Those that send do nothing for a unit that isn't
+    // online but say so.
+    void admin_selectMemoryDevice(int id);
+    /// The file is read beside the main thread; what follows for the unit waits behind it.
+    void admin_addDeviceMessage(int id, const QString& title, const QString& filePath);
+    void admin_deleteDeviceMessage(int id, int position);
+    /// Positions from 0; `repeat` in seconds.
+    void admin_addDeviceScenario(int id, const QString& title, int priority, int positionGong,
+                                 int positionMessage, int repeat);
+    void admin_deleteDeviceScenario(int id, int position);
+    void admin_applyDeviceMemory(int id);
+    /// Asks for the progress, unless an answer is under way.
+    void admin_updateDeviceApplyInfo(int id);
+    void admin_revertDeviceMemory(int id);
+    /// The images in the client's folder.
+    void admin_loadDeviceMemoryList();
+    /// `fileName` without its ending; it can't leave the folder.
+    void admin_downloadDeviceMemory(int id, const QString& fileName);
+    void admin_uploadDeviceMemory(int id, const QString& fileName);
+
+    // Firmware: admin/Firmware.cpp
+    void admin_loadDeviceFirmwareList();
+    /// `number` is the row on show, from 1; `type` 1 an image of the server, 2 one of this computer.
+    void admin_updateDevice(int number, const QList<int>& ids, int type);
+    void admin_updateDeviceInfo(const QList<int>& ids);
+
     // Lines of a unit: admin/LineControl.cpp
     void admin_selectLineControlDevice(int id);
     void admin_getLineControlForDevice(int id);
@@ -377,6 +407,7 @@ private:
     IdleLock& lock;
     FolderBrowser& folders;
     Upload& upload;
+    FileWork& fileWork;
     LogFeed& logFeed;
     std::unique_ptr<QWebView> view;
     bool sessionPage = false;   ///< index.html is on show or on its way

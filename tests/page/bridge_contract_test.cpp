@@ -52,11 +52,6 @@ const QMap<QString, QString> slotsWithoutPage = {
 /// Slots and functions of pages that are still to come: the side that exists is tested by itself. A
 /// page takes its rows away.
 const QMap<QString, QStringList> pagesToCome = {
-    {"unit memory",
-     {"deviceInfo_cleanMessageList", "deviceInfo_cleanMessageListByDevice",
-      "deviceInfo_hideMessages", "modalAdminDevicePlayingError", "wrapperInput_device_addMessage",
-      "wrapperInput_device_deleteMessage", "wrapperInput_device_setAvailableMemory",
-      "wrapperInput_device_setMessageId"}},
     {"zone administration", {"menu_subZoneLoad", "zone_excludeDevice", "zone_includeDevice"}},
 };
 

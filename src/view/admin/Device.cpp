@@ -151,6 +151,7 @@ void WebView::admin_loadDeviceList()
     if (!Data::deviceList.isEmpty()) {
         const int first = Data::deviceList.at(0)->getId();
         admin_selectDevice(first);
+        admin_selectMemoryDevice(first);
         admin_selectLineControlDevice(first);
     }
 }
