@@ -39,6 +39,7 @@
         if ($("#" + kind + "_" + position).length) {
             return;
         }
+        const table = "#" + kind + "_tbody";
         const cells = [position + 1].concat(texts).map((text) => $("<td>").text(text));
         $("<tr>")
             .attr("id", kind + "_" + position)
@@ -50,7 +51,7 @@
                     rowButton("fa-trash", "Удалить", (at) => ask(units.activeId, at))
                 )
             )
-            .appendTo("#" + kind + "_tbody");
+            .appendTo(table);
     }
 
     function renumber(kind, from, to) {
