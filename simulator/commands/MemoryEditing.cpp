@@ -140,15 +140,23 @@ void takeMessage(UnitMemory& memory, int position)
     }
 }
 
+/// Why the entry at a position of one of the lists can't be deleted, null when it can.
+template <class Entry>
+const char* deleteRefusal(Context& context, const Unit* unit, int position,
+                          QVector<Entry> UnitMemory::*list)
+{
+    if (const char* word = editRefusal(context, unit)) {
+        return word;
+    }
+    return position < 0 || position >= (unit->memory.*list).size() ? "error" : nullptr;
+}
+
 QJsonObject deleteMessage(Context& context, const QJsonObject& request)
 {
     Unit* unit = reachableUnitIn(context, request);
     const int position = request.value("position").toInt(-1);
-    if (const char* word = editRefusal(context, unit)) {
+    if (const char* word = deleteRefusal(context, unit, position, &UnitMemory::messages)) {
         return refusal(word);
-    }
-    if (position < 0 || position >= unit->memory.messages.size()) {
-        return refusal("error");
     }
     if (isUsed(unit->memory, position)) {
         return refusal("entry");
@@ -162,11 +170,8 @@ QJsonObject deleteScenario(Context& context, const QJsonObject& request)
 {
     Unit* unit = reachableUnitIn(context, request);
     const int position = request.value("position").toInt(-1);
-    if (const char* word = editRefusal(context, unit)) {
+    if (const char* word = deleteRefusal(context, unit, position, &UnitMemory::scenarios)) {
         return refusal(word);
-    }
-    if (position < 0 || position >= unit->memory.scenarios.size()) {
-        return refusal("error");
     }
     beginEdit(context, *unit);
     unit->memory.scenarios.remove(position);

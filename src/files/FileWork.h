@@ -5,8 +5,9 @@
 
 #include <functional>
 
-/// Reading, encoding and writing of files beside the main thread, one after the other in the order in
-/// which they are asked for. What was asked for before a session's end is done, but not told any more.
+/// Reading, encoding and writing of files beside the main thread, one after the other in the order
+/// in which they are asked for. What was asked for before a session's end is done, but not told any
+/// more.
 class FileWork : public QObject
 {
     Q_OBJECT

@@ -166,8 +166,8 @@ void protocolDeviceCommandDownloadImage(const QJsonObject& reply)
 {
     const auto image = Fields::text(reply, "image");
     if (succeeded(reply) && image && memoryImageHooks().arrived) {
-        memoryImageHooks().arrived(
-            Fields::text(request(reply), "fileName").value_or(QString()), *image);
+        memoryImageHooks().arrived(Fields::text(request(reply), "fileName").value_or(QString()),
+                                   *image);
         return;
     }
     Page::call("modalAdminDeviceMemoryDownloadHide");

@@ -5,7 +5,8 @@
 
 #include <functional>
 
-/// What a memory image from a unit causes. Installed once at start; a hook that isn't set does nothing.
+/// What a memory image from a unit causes. Installed once at start; a hook that isn't set does
+/// nothing.
 struct MemoryImageHooks {
     /// The name that the operator has given it, and the image as base64.
     std::function<void(const QString& name, const QString& base64)> arrived;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "protocol/FieldSetter.h"
+#include "protocol/Reply.h"
 
 #include <QJsonArray>
 #include <QVector>
@@ -8,6 +9,20 @@
 /// What the messages about presets and tasks have in common.
 namespace PlayFields
 {
+
+/// Why the server doesn't take a new preset or task.
+inline constexpr Refusal addRefusals[] = {
+    {"titleExists", "modalAdminTitleExists"},
+    {"forbiddenZoneInTask", "modalAdminRoleError"},
+    {"forbiddenPlaylistInTask", "modalAdminRoleError"},
+    {"forbiddenZoneInPreset", "modalAdminRoleError"},
+    {"forbiddenPlaylistInPreset", "modalAdminRoleError"},
+    {"forbiddenDeviceInZone", "modalAdminRoleError"},
+    {"forbiddenDeviceInTask", "modalAdminRoleError"},
+    {"forbiddenDeviceInPreset", "modalAdminRoleError"},
+};
+/// Why it doesn't take a change of one.
+inline constexpr Refusal editRefusals[] = {{"titleExists", "modalAdminTitleExists"}};
 
 /// The ids of a list; an element that is no id is left out with a log line.
 QVector<int> readIds(const QJsonObject& message, const char* field);

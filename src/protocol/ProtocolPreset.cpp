@@ -40,19 +40,6 @@ constexpr Refusal playRefusals[] = {
     {"playbackError", "modalPlayError"},
 };
 
-constexpr Refusal addRefusals[] = {
-    {"titleExists", "modalAdminTitleExists"},
-    {"forbiddenZoneInTask", "modalAdminRoleError"},
-    {"forbiddenPlaylistInTask", "modalAdminRoleError"},
-    {"forbiddenZoneInPreset", "modalAdminRoleError"},
-    {"forbiddenPlaylistInPreset", "modalAdminRoleError"},
-    {"forbiddenDeviceInZone", "modalAdminRoleError"},
-    {"forbiddenDeviceInTask", "modalAdminRoleError"},
-    {"forbiddenDeviceInPreset", "modalAdminRoleError"},
-};
-
-constexpr Refusal editRefusals[] = {{"titleExists", "modalAdminTitleExists"}};
-
 void readFields(Preset& preset, const QJsonObject& message)
 {
     FieldSetter set(preset, message, "preset");
@@ -211,7 +198,7 @@ void protocolPresetCommandList(const QJsonObject& reply)
 
 void protocolPresetCommandAdd(const QJsonObject& reply)
 {
-    showRefusal(reply, addRefusals);
+    showRefusal(reply, PlayFields::addRefusals);
     const auto id = succeeded(reply) ? Fields::integer(reply, "newId") : std::nullopt;
     if (id) {
         if (!Data::getPresetById(*id)) {
@@ -224,7 +211,7 @@ void protocolPresetCommandAdd(const QJsonObject& reply)
 
 void protocolPresetCommandEdit(const QJsonObject& reply)
 {
-    showRefusal(reply, editRefusals);
+    showRefusal(reply, PlayFields::editRefusals);
     Preset* const preset = succeeded(reply) ? requested(reply) : nullptr;
     if (preset) {
         const QJsonObject asked = request(reply);

@@ -26,19 +26,6 @@ constexpr CommandRow commands[] = {
     {"list", protocolTaskCommandList},     {"getPlays", protocolTaskCommandGetPlays},
 };
 
-constexpr Refusal addRefusals[] = {
-    {"titleExists", "modalAdminTitleExists"},
-    {"forbiddenZoneInTask", "modalAdminRoleError"},
-    {"forbiddenPlaylistInTask", "modalAdminRoleError"},
-    {"forbiddenZoneInPreset", "modalAdminRoleError"},
-    {"forbiddenPlaylistInPreset", "modalAdminRoleError"},
-    {"forbiddenDeviceInZone", "modalAdminRoleError"},
-    {"forbiddenDeviceInTask", "modalAdminRoleError"},
-    {"forbiddenDeviceInPreset", "modalAdminRoleError"},
-};
-
-constexpr Refusal editRefusals[] = {{"titleExists", "modalAdminTitleExists"}};
-
 bool isEvent(const QJsonObject& event, const char* word)
 {
     return event.value(QLatin1String("event")) == QLatin1String(word);
@@ -138,7 +125,7 @@ void initProtocolTask(NetworkParser* parser)
 
 void protocolTaskCommandAdd(const QJsonObject& reply)
 {
-    showRefusal(reply, addRefusals);
+    showRefusal(reply, PlayFields::addRefusals);
     const int id = Fields::integer(reply, "id").value_or(0);
     const QJsonObject asked = request(reply);
     if (!succeeded(reply) || id == 0) {
@@ -153,7 +140,7 @@ void protocolTaskCommandAdd(const QJsonObject& reply)
 
 void protocolTaskCommandEdit(const QJsonObject& reply)
 {
-    showRefusal(reply, editRefusals);
+    showRefusal(reply, PlayFields::editRefusals);
     const QJsonObject asked = request(reply);
     const int id = Fields::integer(asked, "id").value_or(0);
     if (!succeeded(reply)) {

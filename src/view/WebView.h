@@ -378,7 +378,8 @@ public Q_SLOTS:
 
     // Firmware: admin/Firmware.cpp
     void admin_loadDeviceFirmwareList();
-    /// `number` is the row on show, from 1; `type` 1 an image of the server, 2 one of this computer.
+    /// `number` is the row on show, from 1; `type` 1 an image of the server, 2 one of this
+    /// computer.
     void admin_updateDevice(int number, const QList<int>& ids, int type);
     void admin_updateDeviceInfo(const QList<int>& ids);
 

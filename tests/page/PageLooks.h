@@ -47,6 +47,46 @@ inline constexpr PageRow pageRows[] = {
      "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/devices_line_control'); "
      "loadBotMenu('admin/devices_line_control'); loadMainBody('admin/devices_line_control')",
      "#top_menu #side_menu #main #bot_menu #modal"},
+    {"roles",
+     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/roles'); "
+     "loadBotMenu('admin/roles'); loadMainBody('admin/roles')",
+     "#top_menu #side_menu #main #bot_menu #modal"},
+    {"unit memory",
+     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/devices_memory'); "
+     "loadBotMenu('admin/devices_memory'); loadMainBody('admin/devices_memory')",
+     "#top_menu #side_menu #main #bot_menu #modal"},
+    {"firmware",
+     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/devices_firmware'); "
+     "loadBotMenu('admin/devices_firmware'); loadMainBody('admin/devices_firmware')",
+     "#top_menu #side_menu #main #bot_menu #modal"},
+    {"preset forms",
+     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/presets'); "
+     "loadBotMenu('admin/presets'); loadMainBody('admin/presets')",
+     "#top_menu #side_menu #main #bot_menu #modal"},
+    {"task forms",
+     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/tasks'); "
+     "loadBotMenu('admin/tasks'); loadMainBody('admin/tasks')",
+     "#top_menu #side_menu #main #bot_menu #modal"},
+    {"server",
+     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/server'); "
+     "loadBotMenu('admin/server'); loadMainBody('admin/server')",
+     "#top_menu #side_menu #main #bot_menu #modal"},
+    {"server log",
+     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/log'); "
+     "loadBotMenu('admin/log'); loadMainBody('admin/log')",
+     "#top_menu #side_menu #main #bot_menu #modal"},
+    {"presets",
+     "loadSideMenu('preset_list'); loadMainBody('preset_list'); loadBotMenu('preset_list'); "
+     "loadModal('preset')",
+     "#side_menu #main #bot_menu #modal"},
+    {"folder settings",
+     "loadSideMenu('settings'); loadTopMenu('settings'); loadMainBody('settings/files'); "
+     "loadBotMenu('settings/files'); loadModal('settings')",
+     "#top_menu #side_menu #main #bot_menu #modal"},
+    {"log settings",
+     "loadSideMenu('settings'); loadTopMenu('settings'); loadMainBody('settings/log'); "
+     "loadBotMenu('settings/log'); loadModal('settings')",
+     "#top_menu #side_menu #main #bot_menu #modal"},
     {"lock settings",
      "loadSideMenu('settings'); loadTopMenu('settings'); loadMainBody('settings/block'); "
      "loadBotMenu('settings/block'); loadModal('settings')",

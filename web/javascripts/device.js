@@ -126,6 +126,21 @@ function bandSlider(band) {
     );
 }
 
+// The panel that takes the place of a unit's memory while that plays, behind `place`.
+function addInsideAudioPanel(place) {
+    titledPanel(
+        "Сообщение",
+        $("<div class='panel_text'>").append(
+            $("<p>").text("Идет воспроизведение фрагмента/сообщения из внутренней памяти устройства"),
+            $("<button type='button' class='btn btn-danger' id='stop_inside_audio'>").append("<i class='fa fa-stop'></i>", document.createTextNode(" Остановить"))
+        )
+    )
+        .attr("id", "messagesAndScenariosStop")
+        .hide()
+        .insertAfter(place);
+    $("#stop_inside_audio").on("click", () => deviceInfo_stopInsideAudio());
+}
+
 // The page of one unit.
 function wrapperLoadDeviceInfo(id) {
     deviceForLoad = id;

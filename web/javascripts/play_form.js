@@ -80,24 +80,12 @@ class PlayForm {
     functions() {
         const zones = this.zones;
         const devices = this.devices;
-        const title = (name, parentName) => (parentName && parentName !== "Все зоны" ? parentName + "/" + name : name);
-        const rename = (parent, name) =>
-            zones.list.everyItem().forEach((zone) => zone.parent === parent && zones.set(zone.id, {title: title(zone.name, name)}));
-        return {
-            wrapperInput_zone_add: (id, parentId, name, parentName) =>
-                id > 1 && zones.add(id, {title: title(name, parentName), name: name, parent: parentId}),
-            wrapperInput_zone_setName: function (id, name, parentName) {
-                zones.set(id, {title: title(name, parentName), name: name});
-                rename(id, name);
-            },
-            wrapperInput_zone_delete: function (id) {
-                rename(id, "");
-                zones.remove(id);
-            },
+        const title = (name, parentName) => (parentName && parentName !== "Все зоны" ? zonePath(name, parentName) : name);
+        return Object.assign(zoneBoxFunctions(zones, title), {
             wrapperInput_device_add: (id, name) => devices.add(id, {title: name}),
             wrapperInput_device_setName: (id, name) => devices.set(id, {title: name}),
             wrapperInput_device_delete: (id) => devices.remove(id),
-        };
+        });
     }
 }
 
@@ -221,4 +209,24 @@ function copyDialog(id, title, request, copy) {
         },
         close: () => dialog.modal("hide"),
     };
+}
+
+// What keeps a preset or a task from being taken.
+function titleExistsNotice() {
+    notice("modalAdminTitleExists", {
+        id: "modalTitleExists",
+        title: "Ошибка",
+        text: "Введенное название совпадает с уже существующим. Выберите другое название",
+    });
+}
+
+function roleErrorNotice(text) {
+    notice("modalAdminRoleError", {title: "Ошибка", text: text});
+}
+
+// The notices of what is missing in a form or a dialog, under the names of the page.
+function missingNotices(prefix) {
+    notice(prefix + "NoSelectedDevices", {title: "Ошибка", text: "Выберите хотя бы одну зону или устройство."});
+    notice(prefix + "NoSelectedTrack", {title: "Ошибка", text: "Выберите или добавьте фрагмент."});
+    notice(prefix + "NoSelectedPlaylist", {title: "Ошибка", text: "Выберите или добавьте плейлист."});
 }

@@ -196,3 +196,29 @@ class TickList {
 function tickList(options) {
     return new TickList(options);
 }
+
+// What native code tells of zones to a list of boxes for them. A box shows the path: the name of the
+// zone above, and its own. `noteOf` gives the second cell by the type of a zone.
+function zoneBoxFunctions(zones, titleOf, noteOf) {
+    const renameParent = (parent, name) =>
+        zones.list.everyItem().forEach((zone) => zone.parent === parent && zones.set(zone.id, {title: titleOf(zone.name, name)}));
+    return {
+        wrapperInput_zone_add: function (id, parentId, name, parentName, type) {
+            if (id > 1) {
+                zones.add(id, {title: titleOf(name, parentName), name: name, parent: parentId, note: noteOf ? noteOf(type) : ""});
+            }
+        },
+        wrapperInput_zone_setName: function (id, name, parentName) {
+            zones.set(id, {title: titleOf(name, parentName), name: name});
+            renameParent(id, name);
+        },
+        wrapperInput_zone_delete: function (id) {
+            renameParent(id, "Все зоны");
+            zones.remove(id);
+        },
+    };
+}
+
+function zonePath(name, parentName) {
+    return parentName + "/" + name;
+}

@@ -67,11 +67,11 @@ void WebView::admin_selectMemoryDevice(int id)
         const int group = device->getPlaybackGroupId();
         Page::call("wrapperInput_device_setId", id);
         Page::call("deviceInfo_cleanMessageList");
-        showEntries(MemoryEntries::getDeviceMessages(id), "Found message: ",
-                    device->getMessagePlaying(), group);
+        showEntries(MemoryEntries::getDeviceMessages(id),
+                    "Found message: ", device->getMessagePlaying(), group);
         Page::call("deviceInfo_cleanScenarioList");
-        showEntries(MemoryEntries::getDeviceScenarios(id), "Found scenario: ",
-                    device->getScenarioPlaying(), group);
+        showEntries(MemoryEntries::getDeviceScenarios(id),
+                    "Found scenario: ", device->getScenarioPlaying(), group);
         Page::call("deviceInfo_changePlaying", id, qMax(group, 0));
     }
     scripts.flush();
@@ -98,11 +98,10 @@ void WebView::admin_addDeviceMessage(int id, const QString& title, const QString
                            Page::call("modalAdminAddDeviceMessageButtonUnblock");
                            Page::call("modalAdminFileError");
                        } else if (Data::getDeviceById(id)) {
-                           send(DeviceCommand::AddMessage,
-                                {{QStringLiteral("id"), id},
-                                 {QStringLiteral("title"), title},
-                                 {QStringLiteral("size"), size},
-                                 {QStringLiteral("track"), text}});
+                           send(DeviceCommand::AddMessage, {{QStringLiteral("id"), id},
+                                                            {QStringLiteral("title"), title},
+                                                            {QStringLiteral("size"), size},
+                                                            {QStringLiteral("track"), text}});
                        }
                    });
 }
@@ -227,8 +226,8 @@ void WebView::admin_uploadDeviceMemory(int id, const QString& fileName)
                            Page::call("modalAdminDeviceMemoryUploadHide");
                            Page::call("modalAdminFileError");
                        } else if (Data::getDeviceById(id)) {
-                           send(DeviceCommand::UploadImage, {{QStringLiteral("id"), id},
-                                                             {QStringLiteral("image"), text}});
+                           send(DeviceCommand::UploadImage,
+                                {{QStringLiteral("id"), id}, {QStringLiteral("image"), text}});
                        }
                    });
 }

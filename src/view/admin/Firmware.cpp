@@ -71,8 +71,9 @@ void WebView::admin_updateDevice(int number, const QList<int>& ids, int type)
     Log::message(QStringLiteral("Device list size: %1").arg(ids.size()), LogLevel::DeviceSettings);
     constexpr int ofServer = 1;
     const int row = number - 1;
-    const QString name = type == ofServer ? serverNames().value(row)
-                                          : FirmwareFiles::nameAt(firmwareFolder(), shownFiles, row);
+    const QString name = type == ofServer
+                             ? serverNames().value(row)
+                             : FirmwareFiles::nameAt(firmwareFolder(), shownFiles, row);
     if (name.isEmpty() || (type == ofServer && shownNames.value(row, name) != name)) {
         tellAllFailed(ids);
         Page::call("modalAdminFirmwareChanged");

@@ -323,9 +323,9 @@
         },
     });
 
+    addInsideAudioPanel("#messagesAndScenarios");
     buildDevicePanel();
     clearDevicePage();
-    $("#stop_inside_audio").on("click", () => deviceInfo_stopInsideAudio());
     wrapperLoadDeviceInfoZoneList();
     wrapper_Global_loadPermissions();
     if (callPage("menu_hasUnits")) {

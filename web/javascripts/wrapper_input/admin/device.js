@@ -193,10 +193,6 @@
         }
     }
 
-    function zoneTitle(name, parentName) {
-        return parentName + "/" + name;
-    }
-
     function setStatus(id, status) {
         devices.set(id, {status: status});
         if (isShown(id)) {
@@ -204,7 +200,7 @@
         }
     }
 
-    page(Object.assign(devices.functions, {
+    page(Object.assign(devices.functions, zoneBoxFunctions(zones, zonePath), {
         wrapper_AdminDevice_loadList: () => wrapper.admin_loadDeviceList(),
         // The one on show and all others, for the dialog of replacing.
         devices_all: () => Array.from(devices.rows).map((row) => ({id: row[0], name: row[1].fields.name})),
@@ -273,19 +269,6 @@
         wrapperInput_device_setPriorityListen: shownField("priorityListen"),
         wrapperInput_device_setPriorityStream: shownField("priorityStream"),
         wrapperInput_device_hideDebugInfo: () => $("#debug_row").addClass("hidden"),
-        wrapperInput_zone_add: function (id, parentId, name, parentName) {
-            if (id !== 1) {
-                zones.add(id, {title: zoneTitle(name, parentName), parent: parentId, name: name});
-            }
-        },
-        wrapperInput_zone_setName: function (id, name, parentName) {
-            zones.set(id, {title: zoneTitle(name, parentName), name: name});
-            zones.list.everyItem().forEach((zone) => zone.parent === id && zones.set(zone.id, {title: zoneTitle(zone.name, name)}));
-        },
-        wrapperInput_zone_delete: function (id) {
-            zones.list.everyItem().forEach((zone) => zone.parent === id && zones.set(zone.id, {title: zoneTitle(zone.name, "Все зоны")}));
-            zones.remove(id);
-        },
         wrapperInput_zone_includeDevice: (zone, id) => changeZone(zone, id, true),
         wrapperInput_zone_excludeDevice: (zone, id) => changeZone(zone, id, false),
         wrapperInput_roleGlobal_deviceZoneManagement: function (value) {

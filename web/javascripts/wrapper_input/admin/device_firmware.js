@@ -23,6 +23,20 @@
         }
     }
 
+    [
+        ["serverFirmwareTable", "Прошивки на сервере"],
+        ["firmwareTable", "Прошивки клиента"],
+    ].forEach((table) =>
+        titledPanel(
+            table[1],
+            $("<table class='rows_table list_table'>").attr("id", table[0]).append(
+                "<thead><tr><th class='column_narrow'>№</th><th>Название файла</th><th class='user_state'>Версия</th></tr></thead>",
+                "<tbody>",
+                "<tfoot class='empty_rows'><tr><td colspan='3'>Нет прошивок</td></tr></tfoot>"
+            )
+        ).appendTo("#firmware_tables")
+    );
+
     page({
         wrapper_AdminDevice_loadList: function () {
             wrapper.admin_loadDeviceList();

@@ -105,6 +105,6 @@
 
     $("#add_message").on("click", () => modalAdminAddDeviceMessage());
     $("#add_scenario").on("click", () => modalAdminAddDeviceScenario());
-    $("#stop_inside_audio").on("click", () => deviceInfo_stopInsideAudio());
+    addInsideAudioPanel("#messagesAndScenarios");
     wrapper_AdminDevice_loadList();
 })();

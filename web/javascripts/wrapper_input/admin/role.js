@@ -4,14 +4,14 @@
 (function () {
     const administrator = "admin"; // the role that every server has
     const rights = [
-        {label: "Управление сервером", on: "role_server", key: "serverManagement"},
-        {label: "Управление пользователями", on: "role_user", key: "userManagement"},
-        {label: "Управление группами", on: "role_control", key: "roleManagement"},
-        {label: "Управление зонами", on: "role_zone", key: "zoneManagement", changed: (status) => changeAdminRoleZones(status)},
-        {label: "Управление устройствами", on: "role_device", key: "deviceManagement"},
-        {label: "Управление воспроизведениями", on: "role_playback", key: "playbackManagement", changed: (status) => changeAdminRolePlaylists(status)},
-        {label: "Управление предустановками", on: "role_preset", key: "presetManagement", changed: (status) => changeAdminRolePresets(status)},
-        {label: "Управление заданиями", on: "role_tasks", key: "taskManagement", changed: (status) => changeAdminRoleTasks(status)},
+        {label: "Управление сервером", on: "role_server"},
+        {label: "Управление пользователями", on: "role_user"},
+        {label: "Управление группами", on: "role_control"},
+        {label: "Управление зонами", on: "role_zone", changed: (status) => changeAdminRoleZones(status)},
+        {label: "Управление устройствами", on: "role_device"},
+        {label: "Управление воспроизведениями", on: "role_playback", changed: (status) => changeAdminRolePlaylists(status)},
+        {label: "Управление предустановками", on: "role_preset", changed: (status) => changeAdminRolePresets(status)},
+        {label: "Управление заданиями", on: "role_tasks", changed: (status) => changeAdminRoleTasks(status)},
         {label: "Вещание с микрофона", on: "role_microphone_broadcast"},
         {label: "Тревожное вещание", on: "role_microphone_alarm"},
     ];
@@ -139,21 +139,19 @@
         lists.forEach((list) => list.list.view.update());
     }
 
+    // The management rights, in the order of the functions that send them.
     function rightValues() {
-        const values = {};
-        rights.filter((right) => right.key).forEach((right) => (values[right.key] = switches[right.on].value()));
-        return values;
+        const order = ["role_server", "role_user", "role_control", "role_zone", "role_device", "role_playback", "role_tasks", "role_preset"];
+        return order.map((name) => switches[name].value());
     }
 
     function idsFor(list, right) {
         return switches[right].value() ? list.ids() : list.ticks();
     }
 
-    function zoneTitle(name, parentName) {
-        return parentName + "/" + name;
-    }
+    const zoneTypes = ["Физическая", "Логическая"];
 
-    page({
+    page(Object.assign(zoneBoxFunctions(zones, zonePath, (type) => zoneTypes[type]), {
         wrapperInput_role_add: (id, name, title, isCurrent) => roles.add(id, {name: name, title: title, isCurrent: Boolean(isCurrent)}),
         wrapperInput_role_delete: (id) => roles.remove(id),
         wrapperInput_role_edit: function (id, name, title) {
@@ -197,19 +195,6 @@
         wrapperInput_role_unblockPlaylists: () => playlists.unlockAll(),
         wrapperInput_role_reloadPermissions: reloadBlocks,
 
-        wrapperInput_zone_add: function (id, parentId, name, parentName, type) {
-            if (id > 1) {
-                zones.add(id, {title: zoneTitle(name, parentName), name: name, parent: parentId, note: type === 0 ? "Физическая" : "Логическая"});
-            }
-        },
-        wrapperInput_zone_setName: function (id, name, parentName) {
-            zones.set(id, {title: zoneTitle(name, parentName), name: name});
-            zones.list.everyItem().forEach((zone) => zone.parent === id && zones.set(zone.id, {title: zoneTitle(zone.name, name)}));
-        },
-        wrapperInput_zone_delete: function (id) {
-            zones.list.everyItem().forEach((zone) => zone.parent === id && zones.set(zone.id, {title: zoneTitle(zone.name, "Все зоны")}));
-            zones.remove(id);
-        },
         wrapperInput_playback_addItem: (id, parentId, name, type) => type === 1 && playlists.add(id, {title: name}),
         wrapperInput_playback_setPlaylistName: (id, name) => playlists.set(id, {title: name}),
         wrapperInput_playback_deletePlaylist: (id) => playlists.remove(id),
@@ -273,7 +258,6 @@
         },
         savePermissions: function () {
             const name = $("#role_name").text();
-            const value = rightValues();
             if (!areListsShown()) {
                 return saveRoleSettings() && (saveRoleTranslationSettings(), true);
             }
@@ -287,19 +271,11 @@
                 idsFor(playlists, "role_playback"),
                 idsFor(presets, "role_preset"),
                 idsFor(tasks, "role_tasks"),
-                value.serverManagement,
-                value.userManagement,
-                value.roleManagement,
-                value.zoneManagement,
-                value.deviceManagement,
-                value.playbackManagement,
-                value.taskManagement,
-                value.presetManagement
+                ...rightValues()
             );
             return true;
         },
         saveRoleSettings: function () {
-            const value = rightValues();
             if (!markField("#role_title", nameError($("#role_title").val()))) {
                 return false;
             }
@@ -307,14 +283,7 @@
                 0,
                 $("#role_name").text(),
                 $("#role_title").val(),
-                value.serverManagement,
-                value.userManagement,
-                value.roleManagement,
-                value.zoneManagement,
-                value.deviceManagement,
-                value.playbackManagement,
-                value.taskManagement,
-                value.presetManagement
+                ...rightValues()
             );
             return true;
         },
@@ -332,7 +301,7 @@
             saveList(blocks[2], () => wrapper_AdminRole_savePresets($("#role_name").text(), idsFor(presets, "role_preset")), () => saveTask()),
         saveTask: () =>
             saveList(blocks[3], () => wrapper_AdminRole_saveTasks($("#role_name").text(), idsFor(tasks, "role_tasks")), () => saveRoleSettings()),
-    });
+    }));
 
     function saveList(block, send, goOn) {
         ($(block).css("display") === "block" ? send : goOn)();
