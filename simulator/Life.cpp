@@ -113,8 +113,7 @@ void Life::visit()
     const StartResult started = startPlayback(installation, order);
     visitors = started.playback;
     if (started.refusal.isEmpty()) {
-        server.broadcast(makePush("playback", "play"));
-        server.tellUnits(started.units);
+        server.broadcast(startPushes(installation, started, {makePush("playback", "play")}));
     }
 }
 

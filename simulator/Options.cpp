@@ -33,7 +33,7 @@ void describe(QCommandLineParser& parser)
         {"port", "TCP port of the server, 0 for a free one.", "port", "2049"},
         {"address", "Address to listen on.", "address", "127.0.0.1"},
         {"devices", "Number of units.", "count", "24"},
-        {"quiet", "Nothing happens of itself; what plays still ends."},
+        {"quiet", "Nothing happens of itself, and no task starts; what plays still ends."},
         {"seed", "Repeats the installation and what happens in it.", "number"},
         {"announce-interface", "Network interface for the announcement.", "name|address",
          "127.0.0.1"},

@@ -1,6 +1,7 @@
 #include "simulator/Prompt.h"
 
 #include "simulator/PromptWords.h"
+#include "simulator/Schedule.h"
 #include "simulator/Server.h"
 #include "simulator/commands/PlaybackPushes.h"
 #include "simulator/commands/UnitReport.h"
@@ -34,7 +35,7 @@ QVector<int> zonesToLeave(const Installation& installation, int unit, const Zone
     return leaving;
 }
 
-using Rows = std::array<Prompt::Row, 19>;
+using Rows = std::array<Prompt::Row, 20>;
 
 QString usage(const Prompt::Row& row)
 {
@@ -90,6 +91,7 @@ QString Prompt::execute(const QString& line)
         {"remove", "<units>", "takes units away, all in one write", &Prompt::remove},
         {"restore", "", "brings back the units that were taken away", &Prompt::restore},
         {"storm", "<count>", "tells so many unit states in one write", &Prompt::storm},
+        {"due", "<minute>", "does what the tasks have for a minute of UTC", &Prompt::due},
         {"drop", "", "ends all connections", &Prompt::drop},
         {"slow", "<milliseconds>", "waits before each reply", &Prompt::slow},
         {"silent", "on|off", "answers nothing", &Prompt::silent},
@@ -331,6 +333,12 @@ QString Prompt::storm(const QStringList& arguments)
         pushes[place] = states[place % states.size()];
     }
     server.broadcast(pushes);
+    return {};
+}
+
+QString Prompt::due(const QStringList& arguments)
+{
+    Schedule(server).fire(minuteIn(arguments.first()));
     return {};
 }
 

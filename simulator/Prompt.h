@@ -49,6 +49,7 @@ private:
     QString remove(const QStringList& arguments);
     QString restore(const QStringList& arguments);
     QString storm(const QStringList& arguments);
+    QString due(const QStringList& arguments);
     QString drop(const QStringList& arguments);
     QString slow(const QStringList& arguments);
     QString silent(const QStringList& arguments);

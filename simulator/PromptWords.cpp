@@ -123,6 +123,13 @@ QVector<int> unitsIn(const QString& word)
     return units;
 }
 
+QDateTime minuteIn(const QString& word)
+{
+    QDateTime minute = QDateTime::fromString(word, "yyyy-MM-ddTHH:mm");
+    minute.setTimeSpec(Qt::UTC);
+    return minute;
+}
+
 bool isFormed(const QString& kind, const QString& word)
 {
     for (const Range& range : ranges) {
@@ -132,6 +139,9 @@ bool isFormed(const QString& kind, const QString& word)
     }
     if (kind == "<units>") {
         return !unitsIn(word).isEmpty();
+    }
+    if (kind == "<minute>") {
+        return minuteIn(word).isValid();
     }
     const QStringList choices = kind.split('|');
     return choices.size() == 1 || choices.contains(word) ||

@@ -20,6 +20,9 @@ QString unknownName(const Installation& installation, const QString& kind, const
 /// The units of a list such as "3,7-9", each once, in its order; empty for anything else.
 QVector<int> unitsIn(const QString& word);
 
+/// A minute such as "2026-03-02T05:30", in UTC; invalid for anything else.
+QDateTime minuteIn(const QString& word);
+
 /// A right's value: a bool for "on" and "off", else the word of a level.
 QJsonValue rightValue(const QString& word);
 

@@ -5,6 +5,7 @@
 #include "simulator/Options.h"
 #include "simulator/Playout.h"
 #include "simulator/Prompt.h"
+#include "simulator/Schedule.h"
 #include "simulator/Server.h"
 #include "simulator/StandardInput.h"
 #include "simulator/fiction/InstallationBuilder.h"
@@ -83,7 +84,9 @@ int main(int argc, char** argv)
     Playout playout(server);
     playout.start();
     Life life(server, options->seed);
+    Schedule schedule(server);
     if (!options->quiet) {
+        schedule.start();
         life.start();
     }
     Prompt prompt(server);

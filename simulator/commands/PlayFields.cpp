@@ -40,6 +40,11 @@ Repetition repetitionIn(const QJsonObject& fields)
     return repetition;
 }
 
+Targets targetsIn(const QJsonObject& fields)
+{
+    return {fromArray(fields.value("zones")), fromArray(fields.value("devices"))};
+}
+
 void insert(QJsonObject& fields, const Repetition& repetition)
 {
     fields.insert("targetPlaying", repetition.target);

@@ -18,6 +18,8 @@ void insert(QJsonObject& fields, const Repetition& repetition);
 /// Adds `zones`, `devices`.
 void insert(QJsonObject& fields, const Targets& targets);
 
+/// Reads what the second insert() writes.
+Targets targetsIn(const QJsonObject& fields);
 /// Reads what the first insert() writes; what is missing or senseless keeps its default.
 Repetition repetitionIn(const QJsonObject& fields);
 

@@ -61,16 +61,30 @@ std::vector<Push> silence(Installation& installation)
     return pushes;
 }
 
-void pushStarted(Context& context, const StartResult& started, Push start)
+std::vector<Push> startPushes(const Installation& installation, const StartResult& started,
+                              const std::vector<Push>& starts)
 {
+    std::vector<Push> pushes;
     for (int id : started.ended) {
-        context.pushToOthers(stoppedPush(id));
+        pushes.push_back(stoppedPush(id));
     }
     if (started.silenced) {
-        context.push(makePush("playback", "stopRedirection"));
+        pushes.push_back(makePush("playback", "stopRedirection"));
     }
-    context.pushToOthers(std::move(start));
-    pushUnits(context, started.units);
+    pushes.insert(pushes.end(), starts.begin(), starts.end());
+    for (int id : started.units) {
+        pushes.push_back(unitPush(installation, *installation.unit(id)));
+    }
+    return pushes;
+}
+
+void pushStarted(Context& context, const StartResult& started, const Push& start)
+{
+    for (const Push& push : startPushes(context.installation(), started, {start})) {
+        // The end of who spoke live is news for the one that asked, too.
+        const bool news = push.message.value("action") == "stopRedirection";
+        news ? context.push(push) : context.pushToOthers(push);
+    }
 }
 
 } // namespace simulator

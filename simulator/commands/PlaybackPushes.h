@@ -19,8 +19,11 @@ std::vector<Push> endPushes(const Installation& installation, int playback,
                             const QVector<int>& units);
 /// Ends a redirection that runs, and gives the pushes that tell of it.
 std::vector<Push> silence(Installation& installation);
+/// The pushes of a start and of the playbacks that ended by it; `starts` make the consoles look.
+std::vector<Push> startPushes(const Installation& installation, const StartResult& started,
+                              const std::vector<Push>& starts);
 /// Tells the others of a start, and of the playbacks that ended by it. `start` is the push that
 /// makes them look.
-void pushStarted(Context& context, const StartResult& started, Push start);
+void pushStarted(Context& context, const StartResult& started, const Push& start);
 
 } // namespace simulator

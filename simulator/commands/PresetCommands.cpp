@@ -30,23 +30,6 @@ QJsonObject list(Context& context, const QJsonObject&)
     return success({{"presets", presets}});
 }
 
-/// Each unit once; a preset without targets means all units.
-QVector<int> unitsOf(const Installation& installation, const Targets& targets)
-{
-    QVector<int> units = targets.units;
-    for (int id : targets.zones) {
-        if (const Zone* zone = installation.zone(id)) {
-            units += zone->units;
-        }
-    }
-    if (targets.zones.isEmpty() && targets.units.isEmpty()) {
-        for (const Unit& unit : installation.allUnits()) {
-            units.append(unit.id);
-        }
-    }
-    return units;
-}
-
 QJsonObject play(Context& context, const QJsonObject& request)
 {
     const Preset* preset = context.installation().preset(request.value("id").toInt());
@@ -56,7 +39,7 @@ QJsonObject play(Context& context, const QJsonObject& request)
     StartOrder order;
     order.playlist = preset->playlist;
     order.track = preset->track;
-    order.units = unitsOf(context.installation(), preset->targets);
+    order.units = context.installation().unitsOf(preset->targets);
     order.strategy = request.value("strategy").toString();
     order.repetition = preset->repetition;
     order.by = context.who();

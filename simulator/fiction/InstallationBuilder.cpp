@@ -50,7 +50,13 @@ void addTasks(Installation& installation)
     evening.days = "friday";
     evening.targets.units = {4, 8, 15};
     evening.repetition.repeats = 1;
-    installation.tasks = {morning, stopTaskOf(morning, 5, "07:00"), lunch, check, evening};
+    // Who has just started the server sees a task start in the second minute, and stop.
+    const QDateTime soon = QDateTime::currentDateTimeUtc().addSecs(119);
+    Task tour = playTask(6, "Музыка перед экскурсией", 23, 121, "daily", soon.toString("HH:mm"));
+    tour.targets.zones = {4};
+    const QString end = soon.addSecs(120).toString("HH:mm");
+    installation.tasks = {morning, stopTaskOf(morning, 5, "07:00"), lunch, check, evening,
+                          tour,    stopTaskOf(tour, 7, end)};
 }
 
 void addPresets(Installation& installation)

@@ -87,6 +87,18 @@ bool Access::sees(const Role& role) const
     return own.users || own.roles >= Level::Read || role.name == own.name;
 }
 
+const char* Access::lacks(int playlist, const Targets& targets) const
+{
+    if (!lists(own.playlistIds, playlist)) {
+        return "Playlist";
+    }
+    if (std::any_of(targets.zones.begin(), targets.zones.end(),
+                    [this](int id) { return !lists(own.zoneIds, id); })) {
+        return "Zone";
+    }
+    return seenUnits(targets.units).size() < targets.units.size() ? "Device" : nullptr;
+}
+
 QVector<int> Access::seenUnits(const QVector<int>& units) const
 {
     QVector<int> seen;

@@ -45,6 +45,9 @@ public:
     bool sees(const Task& task) const;
     bool sees(const Account& account) const;
     bool sees(const Role& role) const;
+    /// Which kind of thing it doesn't see of a folder and where that is to be played: "Zone",
+    /// "Playlist", "Device", null for none.
+    const char* lacks(int playlist, const Targets& targets) const;
     /// Those of the units that it sees; unknown ids fall out.
     QVector<int> seenUnits(const QVector<int>& units) const;
 

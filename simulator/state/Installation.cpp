@@ -126,6 +126,11 @@ const Preset* Installation::preset(int id) const
     return byId(presets, id);
 }
 
+Task* Installation::task(int id)
+{
+    return byId(tasks, id);
+}
+
 Role* Installation::role(const QString& name)
 {
     return byName(roles, name);
@@ -200,6 +205,22 @@ QString Installation::playbackWord(const Unit& unit) const
         return "none";
     }
     return categoryWords[std::size_t(folder->group) - 1];
+}
+
+QVector<int> Installation::unitsOf(const Targets& targets) const
+{
+    QVector<int> named = targets.units;
+    for (int id : targets.zones) {
+        if (const Zone* known = zone(id)) {
+            named += known->units;
+        }
+    }
+    if (targets.zones.isEmpty() && targets.units.isEmpty()) {
+        for (const Unit& unit : units) {
+            named.append(unit.id);
+        }
+    }
+    return named;
 }
 
 QVector<int> Installation::zonesOf(int unit) const

@@ -45,6 +45,7 @@ public:
     Playback* playback(int id);
     const Playback* playback(int id) const;
     const Preset* preset(int id) const;
+    Task* task(int id);
     Role* role(const QString& name);
     const Role* role(const QString& name) const;
     Account* account(const QString& name);
@@ -62,6 +63,8 @@ public:
     QString playbackWord(const Unit& unit) const;
     /// Names of the accounts that belong to a role.
     QStringList accountsOf(const QString& role) const;
+    /// The units of targets, which may name one more than once; targets without any mean all units.
+    QVector<int> unitsOf(const Targets& targets) const;
     /// Ids of the zones that hold a unit.
     QVector<int> zonesOf(int unit) const;
 

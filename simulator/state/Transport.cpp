@@ -15,13 +15,6 @@ namespace
 /// advertising before everything else. Between them rank those who speak live.
 constexpr std::array<int, 7> importances{0, 0, 1, 2, 0, alarmMessageRank, 3};
 
-int importanceOf(const Installation& installation, int playlist)
-{
-    const Playlist* folder = installation.playlist(playlist);
-    const int group = folder ? folder->group : 0;
-    return group >= 1 && group <= int(importances.size()) ? importances[std::size_t(group) - 1] : 0;
-}
-
 std::optional<int> firstTrack(const Installation& installation, int playlist)
 {
     const QVector<Track> tracks = installation.tracksOf(playlist);
@@ -107,6 +100,13 @@ int rankOn(const Installation& installation, int unit)
     }
     const Playback* running = installation.playback(installation.unit(unit)->playback);
     return running ? importanceOf(installation, running->playlist) : -1;
+}
+
+int importanceOf(const Installation& installation, int playlist)
+{
+    const Playlist* folder = installation.playlist(playlist);
+    const int group = folder ? folder->group : 0;
+    return group >= 1 && group <= int(importances.size()) ? importances[std::size_t(group) - 1] : 0;
 }
 
 QString settle(const Installation& installation, int rank, const QString& strategy,

@@ -38,6 +38,9 @@ struct StartResult {
 
 // What becomes of a playback is logged where it happens; `by` says by whose doing.
 
+/// The importance of what lies in a folder.
+int importanceOf(const Installation& installation, int playlist);
+
 /// What is to be done with one that wants `units`, of a rank, and with what strategy: the wire word
 /// of the refusal as for startPlayback(), empty when it may; `units` are then those that it gets.
 QString settle(const Installation& installation, int rank, const QString& strategy,
