@@ -34,7 +34,7 @@ QVector<int> zonesToLeave(const Installation& installation, int unit, const Zone
     return leaving;
 }
 
-using Rows = std::array<Prompt::Row, 19>;
+using Rows = std::array<Prompt::Row, 22>;
 
 QString usage(const Prompt::Row& row)
 {
@@ -90,6 +90,9 @@ QString Prompt::execute(const QString& line)
         {"remove", "<units>", "takes units away, all in one write", &Prompt::remove},
         {"restore", "", "brings back the units that were taken away", &Prompt::restore},
         {"storm", "<count>", "tells so many unit states in one write", &Prompt::storm},
+        {"internet", "on|off", "gives the server the Internet or takes it", &Prompt::internet},
+        {"update", "<version>", "offers an update, 'none' takes it back", &Prompt::update},
+        {"log", "<megabytes>", "fills today's log up to that size", &Prompt::log},
         {"drop", "", "ends all connections", &Prompt::drop},
         {"slow", "<milliseconds>", "waits before each reply", &Prompt::slow},
         {"silent", "on|off", "answers nothing", &Prompt::silent},
@@ -331,6 +334,28 @@ QString Prompt::storm(const QStringList& arguments)
         pushes[place] = states[place % states.size()];
     }
     server.broadcast(pushes);
+    return {};
+}
+
+QString Prompt::internet(const QStringList& arguments)
+{
+    server.installation().server.internet = arguments.first() == "on";
+    if (!server.installation().server.internet) {
+        server.broadcast(makePush("helper", "brokenInternet"));
+    }
+    return {};
+}
+
+QString Prompt::update(const QStringList& arguments)
+{
+    const QString& version = arguments.first();
+    server.installation().server.offeredVersion = version == "none" ? QString() : version;
+    return {};
+}
+
+QString Prompt::log(const QStringList& arguments)
+{
+    server.installation().server.logMegabytes = arguments.first().toInt();
     return {};
 }
 
