@@ -3,6 +3,7 @@
 // scripts; and the memory against a bare view with the same content.
 
 #include "Measure.h"
+#include "StallWatch.h"
 #include "app/Data.h"
 #include "model/Device.h"
 #include "model/ModelList.h"
@@ -15,7 +16,6 @@
 #include "view/WebView.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -55,30 +55,6 @@ void makeFleet(int units)
         Data::deviceList.append(std::move(device));
     }
 }
-
-/// The longest time, in seconds, for which the event loop, and so a click, had to wait.
-class StallWatch
-{
-public:
-    StallWatch()
-    {
-        QObject::connect(&timer, &QTimer::timeout, &timer, [this] { turn(); });
-        clock.start();
-        timer.start(0);
-    }
-    double longest() const { return static_cast<double>(longestNanoseconds) * 1e-9; }
-
-private:
-    void turn()
-    {
-        longestNanoseconds = std::max(longestNanoseconds, clock.nsecsElapsed());
-        clock.restart();
-    }
-
-    QTimer timer;
-    QElapsedTimer clock;
-    qint64 longestNanoseconds = 0;
-};
 
 void paint(WebView& view)
 {

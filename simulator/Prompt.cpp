@@ -35,7 +35,7 @@ QVector<int> zonesToLeave(const Installation& installation, int unit, const Zone
     return leaving;
 }
 
-using Rows = std::array<Prompt::Row, 20>;
+using Rows = std::array<Prompt::Row, 23>;
 
 QString usage(const Prompt::Row& row)
 {
@@ -92,6 +92,9 @@ QString Prompt::execute(const QString& line)
         {"restore", "", "brings back the units that were taken away", &Prompt::restore},
         {"storm", "<count>", "tells so many unit states in one write", &Prompt::storm},
         {"due", "<minute>", "does what the tasks have for a minute of UTC", &Prompt::due},
+        {"internet", "on|off", "gives the server the Internet or takes it", &Prompt::internet},
+        {"update", "<version>", "offers an update, 'none' takes it back", &Prompt::update},
+        {"log", "<megabytes>", "fills today's log up to that size", &Prompt::log},
         {"drop", "", "ends all connections", &Prompt::drop},
         {"slow", "<milliseconds>", "waits before each reply", &Prompt::slow},
         {"silent", "on|off", "answers nothing", &Prompt::silent},
@@ -339,6 +342,28 @@ QString Prompt::storm(const QStringList& arguments)
 QString Prompt::due(const QStringList& arguments)
 {
     Schedule(server).fire(minuteIn(arguments.first()));
+    return {};
+}
+
+QString Prompt::internet(const QStringList& arguments)
+{
+    server.installation().server.internet = arguments.first() == "on";
+    if (!server.installation().server.internet) {
+        server.broadcast(makePush("helper", "brokenInternet"));
+    }
+    return {};
+}
+
+QString Prompt::update(const QStringList& arguments)
+{
+    const QString& version = arguments.first();
+    server.installation().server.offeredVersion = version == "none" ? QString() : version;
+    return {};
+}
+
+QString Prompt::log(const QStringList& arguments)
+{
+    server.installation().server.logMegabytes = arguments.first().toInt();
     return {};
 }
 

@@ -50,6 +50,9 @@ private:
     QString restore(const QStringList& arguments);
     QString storm(const QStringList& arguments);
     QString due(const QStringList& arguments);
+    QString internet(const QStringList& arguments);
+    QString update(const QStringList& arguments);
+    QString log(const QStringList& arguments);
     QString drop(const QStringList& arguments);
     QString slow(const QStringList& arguments);
     QString silent(const QStringList& arguments);

@@ -30,12 +30,13 @@ struct Range {
     int most;
 };
 
-constexpr std::array<Range, 5> ranges{{
+constexpr std::array<Range, 6> ranges{{
     {"<zone>", 0, 1000000},
     {"<line>", 0, 255},
     {"<percent>", 0, 100},
     {"<milliseconds>", 0, 600000},
     {"<count>", 1, 100000},
+    {"<megabytes>", 0, 200},
 }};
 
 QString names(const QJsonObject& rights)

@@ -15,7 +15,11 @@ QJsonObject checkInternet(Context& context, const QJsonObject&)
 
 QJsonObject checkServerUpdate(Context& context, const QJsonObject&)
 {
-    return refusal(context.installation().server.internet ? "relevantVersion" : "noInternet");
+    const ServerSettings& server = context.installation().server;
+    if (!server.internet || server.offeredVersion.isEmpty()) {
+        return refusal(server.internet ? "relevantVersion" : "noInternet");
+    }
+    return success({{"version", server.offeredVersion}});
 }
 
 QJsonObject getCurrentServerVersion(Context& context, const QJsonObject&)

@@ -1,4 +1,5 @@
 #include "simulator/commands/CommandTable.h"
+#include "simulator/fiction/DayLog.h"
 
 #include <QJsonArray>
 
@@ -13,9 +14,9 @@ QJsonObject getLevel(Context& context, const QJsonObject&)
     return success({{"maximumLevel", context.installation().server.maximumLogLevel}});
 }
 
-QJsonObject list(Context& context, const QJsonObject&)
+QJsonObject list(Context&, const QJsonObject&)
 {
-    return success({{"server", QJsonArray::fromStringList(context.installation().server.logDays)}});
+    return success({{"server", QJsonArray::fromStringList(logDays())}});
 }
 
 QJsonObject setLevel(Context& context, const QJsonObject& request)
@@ -31,18 +32,8 @@ QJsonObject setLevel(Context& context, const QJsonObject& request)
 QJsonObject getServerLog(Context& context, const QJsonObject& request)
 {
     const QString day = request.value("date").toString();
-    if (!context.installation().server.logDays.contains(day)) {
-        return refusal("error");
-    }
-    QString text;
-    for (const Unit& unit : context.installation().allUnits()) {
-        text += QString("[%1 06:00:%2] unit %3 \"%4\": link %5\n")
-                    .arg(day)
-                    .arg(unit.id % 60, 2, 10, QChar('0'))
-                    .arg(unit.id)
-                    .arg(unit.title, wordOf(linkWords, unit.link));
-    }
-    return success({{"logFile", text}});
+    return logDays().contains(day) ? success({{"logFile", dayLog(context.installation(), day)}})
+                                   : refusal("error");
 }
 
 } // namespace

@@ -117,9 +117,6 @@ ServerSettings makeServer()
     server.multicastIp = "224.0.224.1";
     server.commandPort = 11990;
     server.timezone = 3;
-    for (int days = 6; days >= 0; --days) {
-        server.logDays.append(QDate::currentDate().addDays(-days).toString("dd-MM-yyyy"));
-    }
     return server;
 }
 

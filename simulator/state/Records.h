@@ -247,7 +247,8 @@ struct ServerSettings {
     QString multicastIp;
     int commandPort = 0;
     bool maximumLogLevel = false;
-    QStringList logDays; ///< oldest first
+    int logMegabytes = 0;   ///< least size of today's log
+    QString offeredVersion; ///< an update, empty without one
     bool internet = true;
     int timezone = 0; ///< hours east of UTC
 };

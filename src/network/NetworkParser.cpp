@@ -129,7 +129,7 @@ IncomingMessage NetworkParser::read(const QByteArray& text)
     return {{}, QStringLiteral("%1 bytes: %2").arg(text.size()).arg(error.errorString())};
 }
 
-void NetworkParser::handle(const IncomingMessage& message)
+void NetworkParser::handle(IncomingMessage& message)
 {
     if (!message.problem.isEmpty()) {
         Log::dropped(QStringLiteral("Dropped message of ") + message.problem);
@@ -188,7 +188,7 @@ bool NetworkParser::isWaiting(int protocolId, int commandId) const
     });
 }
 
-void NetworkParser::parseReply(QJsonObject message)
+void NetworkParser::parseReply(QJsonObject& message)
 {
     const std::optional<PacketInfo> packet = takePacket(message);
     if (!packet) {

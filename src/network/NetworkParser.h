@@ -89,9 +89,13 @@ public:
     static IncomingMessage read(const QByteArray& text);
     /// Handles one object of the stream. What is no object, neither reply nor push, or a reply to
     /// nothing, changes nothing and is told in the log.
-    void handle(const IncomingMessage& message);
+    void handle(IncomingMessage& message);
     /// Reads and handles one object.
-    void parse(const QByteArray& text) { handle(read(text)); }
+    void parse(const QByteArray& text)
+    {
+        IncomingMessage message = read(text);
+        handle(message);
+    }
 
     /// Forgets all requests and starts again at order 0.
     void reset();
@@ -102,7 +106,7 @@ public:
 
 private:
     void parsePush(const QJsonObject& message);
-    void parseReply(QJsonObject message);
+    void parseReply(QJsonObject& message);
     void logReply(const QJsonObject& message, const QString& protocol, const QString& command,
                   const QString& response) const;
     std::optional<PacketInfo> takePacket(const QJsonObject& message);

@@ -33,8 +33,8 @@ void LogFeed::stop()
 void LogFeed::take(const QString& date, const QString& logFile)
 {
     if (date == wanted && !wanted.isNull()) {
+        stop(); // the same day may have been asked for twice, and is shown once
         text = logFile;
-        shown = 0;
         pieces.start();
     }
 }

@@ -4,7 +4,10 @@
     const grave = /ERROR|FATAL|CRITICAL|Ошибка/;
     const record = 0; // the form has one record alone
     const level = switchField("#log_maximum", "#log_normal");
+    const portion = 40; // blocks a turn of the event loop
     let found = null; // where the search stands: {block, offset}
+    let searching = null; // the search under way
+    let stale = []; // blocks of the day before, which are on their way out
 
     formPage({
         fields: {},
@@ -65,33 +68,70 @@
         $("#log").scrollTop($("#log").scrollTop() + top - $("#log").height() / 3);
     }
 
-    // Steps to the next hit, or the one before, round the ends of the log.
+    // Where a block has the needle behind an offset, or before it; -1 if nowhere.
+    function seek(element, needle, step, offset) {
+        const text = element.textContent;
+        const folded = text.toLowerCase();
+        const searched = folded.length === text.length ? folded : text; // few letters become two
+        if (step > 0) {
+            return searched.indexOf(needle, offset + 1);
+        }
+        return offset === 0 ? -1 : searched.lastIndexOf(needle, offset - 1);
+    }
+
+    function showHit(element, offset, length) {
+        found = {block: element, offset: offset};
+        $("#log_found").text("");
+        select(element, offset, length);
+    }
+
+    // Steps to the next hit, or the one before, round the ends of the log; some blocks a turn, so
+    // that nothing waits for the last of them.
     function find(step) {
         const needle = $("#log_search").val().toLowerCase();
         const blocks = $("#log").children(".log_block").toArray();
+        const turn = (searching = {});
         if (needle === "" || blocks.length === 0) {
             return;
         }
-        const from = found && blocks.indexOf(found.block) >= 0 ? found : {block: blocks[step > 0 ? 0 : blocks.length - 1], offset: step > 0 ? -1 : Infinity};
-        const start = blocks.indexOf(from.block);
-        for (let count = 0; count <= blocks.length; ++count) {
-            const index = (start + step * count + blocks.length * 2) % blocks.length;
-            const text = blocks[index].textContent.toLowerCase();
-            const isFirst = count === 0;
-            const offset =
-                step > 0
-                    ? text.indexOf(needle, isFirst ? from.offset + 1 : 0)
-                    : isFirst && from.offset === 0
-                      ? -1
-                      : text.lastIndexOf(needle, isFirst ? from.offset - 1 : Infinity);
-            if (offset >= 0) {
-                found = {block: blocks[index], offset: offset};
-                $("#log_found").text("");
-                select(blocks[index], offset, needle.length);
-                return;
+        const known = found ? blocks.indexOf(found.block) : -1;
+        const edge = step > 0 ? -1 : Infinity;
+        const first = known >= 0 ? known : step > 0 ? 0 : blocks.length - 1;
+        let count = 0;
+        function goOn() {
+            const end = Math.min(count + portion, blocks.length + 1);
+            for (; count < end; ++count) {
+                const element = blocks[(first + step * count + blocks.length * 2) % blocks.length];
+                const offset = seek(element, needle, step, count === 0 && known >= 0 ? found.offset : edge);
+                if (offset >= 0) {
+                    showHit(element, offset, needle.length);
+                    return;
+                }
+            }
+            if (count > blocks.length) {
+                $("#log_found").text("Не найдено");
+            } else {
+                setTimeout(() => turn === searching && goOn(), 0);
             }
         }
-        $("#log_found").text("Не найдено");
+        goOn();
+    }
+
+    // The engine takes long to let go of a large log, least so from its end.
+    function dropStale() {
+        $(stale.splice(-portion)).remove();
+        if (stale.length > 0) {
+            setTimeout(dropStale, 0);
+        }
+    }
+
+    function clear() {
+        found = null;
+        searching = null;
+        stale = $("#log").children().toArray();
+        $("#log_found").text("");
+        $("#log_refused").addClass("hidden");
+        dropStale();
     }
 
     page({
@@ -110,8 +150,15 @@
             }
         },
         wrapperInput_log_addLogString: function (text) {
+            $(stale.splice(0)).remove();
             $("#log")[0].appendChild(block(text));
             $("#log").scrollTop($("#log")[0].scrollHeight);
+        },
+        // Part of a log would look like the whole of it.
+        giveUpLogDate: function () {
+            wrapper.admin_stopLog();
+            clear();
+            $("#log_dates").val("").trigger("change.select2");
         },
         wrapperInput_log_refuse: () => $("#log_refused").removeClass("hidden"),
         loadLogDate: function () {
@@ -119,9 +166,7 @@
             if (date === "") {
                 return;
             }
-            found = null;
-            $("#log").empty();
-            $("#log_refused").addClass("hidden");
+            clear();
             modalAdminLogStartLoading();
             wrapper_AdminLog_loadDate(date);
         },
