@@ -76,8 +76,8 @@ template <class Item> struct Field {
     std::function<void(Item&, const QJsonValue&)> set;
 };
 
-template <class Item, class Owner, class Got, class Taken>
-Field<Item> field(const char* name, Got (Owner::*get)() const, void (Item::*set)(Taken))
+template <class Item, class Getting, class Got, class Setting, class Taken>
+Field<Item> field(const char* name, Got (Getting::*get)() const, void (Setting::*set)(Taken))
 {
     return {name, [get](const Item& item) { return json((item.*get)()); },
             [set](Item& item, const QJsonValue& value) {
@@ -89,6 +89,14 @@ template <class Item, class Value> Field<Item> field(const char* name, Value Ite
 {
     return {name, [member](const Item& item) { return json(item.*member); },
             [member](Item& item, const QJsonValue& value) { item.*member = from<Value>(value); }};
+}
+
+/// The units or zones of something that plays.
+template <class Play> Field<Play> targets(const char* name, QVector<int>& (PlayDefinition::*list)())
+{
+    return {
+        name, [list](const Play& play) { return json((const_cast<Play&>(play).*list)()); },
+        [list](Play& play, const QJsonValue& ids) { (play.*list)() = from<QVector<int>>(ids); }};
 }
 
 /// A right that is one of several levels.
@@ -340,11 +348,19 @@ const std::vector<Field<Playback>>& fieldsOf(const Playback*)
 const std::vector<Field<Task>>& fieldsOf(const Task*)
 {
     static const std::vector<Field<Task>> fields{
-        FIELD(Task, "title", Title),     FIELD(Task, "playback", Playback),
-        FIELD(Task, "enabled", State),   FIELD(Task, "frequency", Frequency),
-        FIELD(Task, "days", WeeklyDays), FIELD(Task, "date", StartDate),
-        FIELD(Task, "time", StartTime),  FIELD(Task, "last", EndDate),
-        FIELD(Task, "stop", EndTime),    FIELD(Task, "stopId", EndId),
+        FIELD(Task, "title", Title),
+        FIELD(Task, "playback", Playback),
+        FIELD(Task, "playlist", Playlist),
+        targets<Task>("units", &Task::getDeviceList),
+        targets<Task>("zones", &Task::getZoneList),
+        FIELD(Task, "enabled", State),
+        FIELD(Task, "frequency", Frequency),
+        FIELD(Task, "days", WeeklyDays),
+        FIELD(Task, "date", StartDate),
+        FIELD(Task, "time", StartTime),
+        FIELD(Task, "last", EndDate),
+        FIELD(Task, "stop", EndTime),
+        FIELD(Task, "stopId", EndId),
         FIELD(Task, "repeats", Repeats),
     };
     return fields;
@@ -352,7 +368,11 @@ const std::vector<Field<Task>>& fieldsOf(const Task*)
 
 const std::vector<Field<Preset>>& fieldsOf(const Preset*)
 {
-    static const std::vector<Field<Preset>> fields;
+    static const std::vector<Field<Preset>> fields{
+        FIELD(Preset, "playlist", Playlist),
+        targets<Preset>("units", &Preset::getDeviceList),
+        targets<Preset>("zones", &Preset::getZoneList),
+    };
     return fields;
 }
 

@@ -3,11 +3,31 @@
 namespace PageLooks
 {
 
+namespace
+{
+
+void load(const Console& console, const char* regions, const QString& script)
+{
+    console.value(QStringLiteral("$('%1').append('<i class=\"was_before\">'); %2; null")
+                      .arg(QString::fromLatin1(regions).replace(' ', ','), script));
+}
+
+} // namespace
+
+bool isAdministration(const PageRow& page)
+{
+    return page.open[0] == '#';
+}
+
 void open(const Console& console, const PageRow& page)
 {
-    console.value(
-        QStringLiteral("$('%1').append('<i class=\"was_before\">'); %2; null")
-            .arg(QString::fromLatin1(page.regions).replace(' ', ','), QLatin1String(page.open)));
+    if (!isAdministration(page)) {
+        load(console, page.regions, page.open);
+        return;
+    }
+    load(console, "#top_menu #side_menu", "loadTopMenu('admin/index'); loadSideMenu('admin')");
+    console.waitFor("$('#side_menu .was_before').length === 0");
+    load(console, "#main #bot_menu #modal", QStringLiteral("$('%1').click()").arg(page.open));
 }
 
 bool hasSettled(const Console& console)

@@ -7,7 +7,7 @@
 /// A page of the session: how it is opened, and which regions that loads.
 struct PageRow {
     const char* name;
-    const char* open;
+    const char* open; ///< a script, or its entry in the side menu of the administration
     const char* regions;
 };
 
@@ -31,53 +31,25 @@ inline constexpr PageRow pageRows[] = {
      "loadSideMenu('alarm_zone_list'); loadTopMenu('translation'); loadMainBody('translation'); "
      "loadBotMenu('translation'); loadModal('translation')",
      "#top_menu #side_menu #main #bot_menu #modal"},
-    {"users",
-     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/users'); "
-     "loadBotMenu('admin/users'); loadMainBody('admin/users')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"zones",
-     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/zones'); "
-     "loadBotMenu('admin/zones'); loadMainBody('admin/zones')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"unit settings",
-     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/devices'); "
-     "loadBotMenu('admin/devices'); loadMainBody('admin/devices')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"line control",
-     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/devices_line_control'); "
-     "loadBotMenu('admin/devices_line_control'); loadMainBody('admin/devices_line_control')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"roles",
-     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/roles'); "
-     "loadBotMenu('admin/roles'); loadMainBody('admin/roles')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"unit memory",
-     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/devices_memory'); "
-     "loadBotMenu('admin/devices_memory'); loadMainBody('admin/devices_memory')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"firmware",
-     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/devices_firmware'); "
-     "loadBotMenu('admin/devices_firmware'); loadMainBody('admin/devices_firmware')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"preset forms",
-     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/presets'); "
-     "loadBotMenu('admin/presets'); loadMainBody('admin/presets')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"task forms",
-     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/tasks'); "
-     "loadBotMenu('admin/tasks'); loadMainBody('admin/tasks')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"server",
-     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/server'); "
-     "loadBotMenu('admin/server'); loadMainBody('admin/server')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
-    {"server log",
-     "loadSideMenu('admin'); loadTopMenu('admin/index'); loadModal('admin/log'); "
-     "loadBotMenu('admin/log'); loadMainBody('admin/log')",
-     "#top_menu #side_menu #main #bot_menu #modal"},
+    {"users", "#admin_users", "#top_menu #side_menu #main #bot_menu #modal"},
+    {"zones", "#admin_zones", "#top_menu #side_menu #main #bot_menu #modal"},
+    {"unit settings", "#admin_devices", "#top_menu #side_menu #main #bot_menu #modal"},
+    {"line control", "#admin_devices_line_control", "#top_menu #side_menu #main #bot_menu #modal"},
+    {"roles", "#admin_roles", "#top_menu #side_menu #main #bot_menu #modal"},
+    {"library", "#admin_playback", "#top_menu #side_menu #main #bot_menu #modal"},
+    {"unit memory", "#admin_devices_memory", "#top_menu #side_menu #main #bot_menu #modal"},
+    {"firmware", "#admin_devices_firmware", "#top_menu #side_menu #main #bot_menu #modal"},
+    {"preset forms", "#admin_presets", "#top_menu #side_menu #main #bot_menu #modal"},
+    {"task forms", "#admin_tasks", "#top_menu #side_menu #main #bot_menu #modal"},
+    {"server", "#admin_server", "#top_menu #side_menu #main #bot_menu #modal"},
+    {"server log", "#admin_log", "#top_menu #side_menu #main #bot_menu #modal"},
     {"presets",
      "loadSideMenu('preset_list'); loadMainBody('preset_list'); loadBotMenu('preset_list'); "
      "loadModal('preset')",
+     "#side_menu #main #bot_menu #modal"},
+    {"calendar",
+     "loadSideMenu('task_device_list'); loadMainBody('task_list'); loadBotMenu('task_list'); "
+     "loadModal('task_list')",
      "#side_menu #main #bot_menu #modal"},
     {"folder settings",
      "loadSideMenu('settings'); loadTopMenu('settings'); loadMainBody('settings/files'); "
@@ -101,7 +73,10 @@ inline constexpr PageRow pageRows[] = {
 namespace PageLooks
 {
 
+/// A page of the administration is opened once its side menu is there.
 void open(const Console& console, const PageRow& page);
+/// Whether it is a page of the administration.
+bool isAdministration(const PageRow& page);
 /// Waits until all that was asked for has been loaded.
 bool hasSettled(const Console& console);
 /// What the regions of a page show and answer to, without the numbers that libraries make up, and

@@ -16,118 +16,103 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <utility>
+
 namespace
 {
 
 /// What native code tells of a subject, but not every page that shows something of it shows.
 struct Exception {
-    /// Those that do hear it, with "|" between; none where the page is to come. Behind a "!" those
-    /// that don't. "administration" are the pages of that section.
+    /// Those that do hear it, with "|" between. Behind a "!" those that don't. "administration" are
+    /// the pages of that section.
     const char* pages;
     const char* reason;
-    QStringList names;
+    const char* subject; ///< how the names begin, without "wrapperInput_"
+    const char* names;   ///< their ends, with blanks between
 };
 
-const QVector<Exception> exceptions = {
-    {"",
-     "the pages of administration that show a unit's settings and memory are to come",
-     {"wrapperInput_device_addMessage",
-      "wrapperInput_device_deleteMessage",
-      "wrapperInput_device_setAllowedCommandIp",
-      "wrapperInput_device_setAvailableMemory",
-      "wrapperInput_device_setCommandPort",
-      "wrapperInput_device_setDHCP",
-      "wrapperInput_device_setGateway",
-      "wrapperInput_device_setIp",
-      "wrapperInput_device_setLineJoined",
-      "wrapperInput_device_setMac",
-      "wrapperInput_device_setMessageId",
-      "wrapperInput_device_setMulticastAIN0",
-      "wrapperInput_device_setMulticastAIN1",
-      "wrapperInput_device_setMulticastIp",
-      "wrapperInput_device_setMulticastListen",
-      "wrapperInput_device_setNetworkMask",
-      "wrapperInput_device_setPriorityAIN0",
-      "wrapperInput_device_setPriorityAIN1",
-      "wrapperInput_device_setPriorityListen",
-      "wrapperInput_device_setPriorityScenario",
-      "wrapperInput_device_setPriorityStream",
-      "wrapperInput_device_setTavrinAddress",
-      "wrapperInput_device_setTavrinErrorIndication",
-      "wrapperInput_device_setTavrinRelayControl",
-      "wrapperInput_device_setTavrinRelayEvent"}},
-    {"unit",
-     "only the page of one unit shows it",
-     {"wrapperInput_device_addScenario", "wrapperInput_device_deleteScenario",
-      "wrapperInput_device_setEqualizer", "wrapperInput_device_setEqualizerEnabled",
-      "wrapperInput_device_setId", "wrapperInput_device_setPlaybackInfo",
-      "wrapperInput_device_setScenarioId", "wrapperInput_device_setVersion"}},
-    {"home", "the page of one unit says it by the level", {"wrapperInput_device_setBattery"}},
-    {"home|unit",
-     "the cards of the other pages leave the health out",
-     {"wrapperInput_device_setBatteryLevel", "wrapperInput_device_setHull",
-      "wrapperInput_device_setLinesStatus", "wrapperInput_device_setPower"}},
+const Exception exceptions[] = {
+    {"unit settings", "only the form of a unit shows or asks for it", "device_",
+     "debugInfo hideDebugInfo setAllowedCommandIp setCommandPort setDHCP setGateway setIp "
+     "setLineJoined setMac setMulticastAIN0 setMulticastAIN1 setMulticastIp setMulticastListen "
+     "setNetworkMask setPriorityAIN0 setPriorityAIN1 setPriorityListen setPriorityScenario "
+     "setPriorityStream setTavrinAddress setTavrinErrorIndication setTavrinRelayControl "
+     "setTavrinRelayEvent"},
+    {"unit memory", "only the page of units' memory shows it", "device_",
+     "addDeviceMemory addMessage applyFinished applyProgress clearMessage clearScenario "
+     "deleteMessage setAvailableMemory setMessageId"},
+    {"firmware", "only the page of firmware shows it", "device_",
+     "addFirmware clearFirmware updateFinished"},
+    {"unit", "only the page of one unit says what plays", "device_", "setPlaybackInfo"},
+    {"unit|unit memory", "a unit's own fragments", "device_",
+     "addScenario deleteScenario setScenarioId"},
+    {"unit|unit settings", "the sound of one unit", "device_", "setEqualizer setEqualizerEnabled"},
+    {"unit|line control|unit memory|unit settings", "the form of one unit", "device_", "setId"},
+    {"unit|firmware|line control|unit settings", "what runs on a unit", "device_", "setVersion"},
+    {"home", "the page of one unit says it by the level", "device_", "setBattery"},
+    {"home|unit", "the cards of the other pages leave the health out", "device_",
+     "setBatteryLevel setHull setLinesStatus setPower"},
     {"home|playbacks|new playback|microphone|alarm messages|alarm broadcast",
-     "the list beside a unit stays as it was built",
-     {"wrapperInput_device_setPlayback", "wrapperInput_device_setPlaybackCategory"}},
-    {"playbacks",
-     "only the page of the running playbacks shows them",
-     {"wrapperInput_playback_add", "wrapperInput_playback_setCurrentTrack",
-      "wrapperInput_playback_setPlaying", "wrapperInput_playback_setTimeshift",
-      "wrapperInput_playback_stop"}},
-    {"microphone", "only its dialog has the slider", {"wrapperInput_playback_setMicrophoneVolume"}},
-    {"playbacks|new playback|alarm messages|alarm broadcast|library",
-     "pages without tracks",
-     {"wrapperInput_playback_addItem", "wrapperInput_playback_deleteTrack",
-      "wrapperInput_playback_setTrackName"}},
-    {"playbacks|new playback|alarm messages|library",
-     "pages without folders",
-     {"wrapperInput_playback_clearItems", "wrapperInput_playback_setPlaylistDuration",
-      "wrapperInput_playback_setPlaylistName", "wrapperInput_playback_setTrackDuration"}},
-    {"new playback|alarm messages|library",
-     "the tracks of a playback's folder go one by one",
-     {"wrapperInput_playback_deletePlaylist"}},
-    {"administration",
-     "only the side menu of the administration goes by these rights",
-     {"wrapperInput_roleGlobal_editDeviceManagement",
-      "wrapperInput_roleGlobal_editPlaybackManagement",
-      "wrapperInput_roleGlobal_editPresetManagement", "wrapperInput_roleGlobal_editRoleManagement",
-      "wrapperInput_roleGlobal_editScheduleManagement",
-      "wrapperInput_roleGlobal_editServerManagement", "wrapperInput_roleGlobal_editUserManagement",
-      "wrapperInput_roleGlobal_editZoneManagement"}},
-    {"library",
-     "only the page of the library uploads",
-     {"wrapperInput_playback_addLoadingTrack", "wrapperInput_playback_currentAddedTrack",
-      "wrapperInput_playback_endLoadingTrack", "wrapperInput_playback_errorLoadingTrack",
-      "wrapperInput_playback_setLoadingTrack"}},
-    {"unit settings",
-     "only the form of a unit asks for it",
-     {"wrapperInput_device_debugInfo", "wrapperInput_device_hideDebugInfo"}},
-    {"zones",
-     "only the administration of zones asks for it",
-     {"wrapperInput_zone_modalAdd", "wrapperInput_zone_select"}},
-    {"",
-     "the page of roles is to come",
-     {"wrapperInput_role_cleanPlaylists",
-      "wrapperInput_role_cleanPresets",
-      "wrapperInput_role_cleanTasks",
-      "wrapperInput_role_cleanZones",
-      "wrapperInput_role_editDeviceManagement",
-      "wrapperInput_role_editMicrophone",
-      "wrapperInput_role_editMicrophoneAlarm",
-      "wrapperInput_role_editPlaybackManagement",
-      "wrapperInput_role_editPresetManagement",
-      "wrapperInput_role_editRoleManagement",
-      "wrapperInput_role_editScheduleManagement",
-      "wrapperInput_role_editServerManagement",
-      "wrapperInput_role_editUserManagement",
-      "wrapperInput_role_editZoneManagement",
-      "wrapperInput_role_reloadPermissions",
-      "wrapperInput_role_select",
-      "wrapperInput_role_selectPlaylist",
-      "wrapperInput_role_selectPreset",
-      "wrapperInput_role_selectTask",
-      "wrapperInput_role_selectZone"}},
+     "the list beside a unit stays as it was built", "device_", "setPlayback"},
+    {"home|playbacks|new playback|microphone|alarm messages|alarm broadcast|presets",
+     "the list beside a unit stays as it was built", "device_", "setPlaybackCategory"},
+    {"!calendar|preset forms|task forms", "a choice of units says nothing of their state",
+     "device_", "linkIncoming linkOff linkOn"},
+    {"!calendar|preset forms|task forms|firmware|line control|unit memory|zones",
+     "lists of the administration show a unit's link alone", "device_", "setVolume"},
+    {"!calendar|preset forms|task forms|firmware|line control|unit memory|zones|unit settings",
+     "lists of the administration show a unit's link alone", "device_", "setTask"},
+    {"!calendar|preset forms|task forms|firmware|line control|unit memory|zones|unit "
+     "settings|presets",
+     "only what can be ticked is marked as unread", "device_", "setRead"},
+    {"zones", "only the administration of zones asks for it", "zone_", "modalAdd select"},
+    {"!presets", "a preset's card shows units, not zones", "zone_", "add delete setName"},
+    {"!preset forms|task forms|roles", "a choice of zones doesn't show what they hold", "zone_",
+     "excludeDevice includeDevice"},
+    {"playbacks", "only the page of the running playbacks shows them", "playback_",
+     "add setCurrentTrack setPlaying setTimeshift stop"},
+    {"microphone", "only its dialog has the slider", "playback_", "setMicrophoneVolume"},
+    {"library", "only the page of the library uploads", "playback_",
+     "addLoadingTrack currentAddedTrack endLoadingTrack errorLoadingTrack setLoadingTrack"},
+    {"playbacks|new playback|alarm messages|library", "the length of what is to be chosen",
+     "playback_", "clearItems setPlaylistDuration setTrackDuration"},
+    {"playbacks|new playback|alarm messages|library|preset forms|task forms|roles",
+     "pages with folders", "playback_", "setPlaylistName"},
+    {"new playback|alarm messages|library|preset forms|task forms|roles",
+     "the tracks of a playback's folder go one by one", "playback_", "deletePlaylist"},
+    {"playbacks|new playback|alarm messages|alarm broadcast|library|preset forms|task forms|roles",
+     "pages with folders or tracks", "playback_", "addItem"},
+    {"playbacks|new playback|alarm messages|alarm broadcast|library|preset forms|task forms",
+     "pages with tracks", "playback_", "deleteTrack setTrackName"},
+    {"presets", "only a preset's card shows its units", "preset_", "addDevice"},
+    {"presets|preset forms", "roles show a preset's name alone", "preset_", "clearDevices"},
+    {"preset forms", "only the form of a preset shows it", "preset_",
+     "clearZones select selectDevice selectZone setActionIfEnd setId setPlaylist setRepeats "
+     "setTargetPlaying setTrack setType"},
+    {"calendar", "only the calendar is built from a list", "task_",
+     "buildScheduler clean initScheduler"},
+    {"calendar|task forms", "roles show a task's name alone", "task_",
+     "setEnabled setEndDate setEndTime setStartDateTime setType setWeeklyDays"},
+    {"task forms", "only the form of a task shows it", "task_",
+     "clearDevices clearZones select selectDevice selectZone setActionIfEnd setFrequencyRate setId "
+     "setPlaylist setRepeats setTargetPlaying setTrack"},
+    {"administration", "only the side menu of the administration goes by these rights",
+     "roleGlobal_",
+     "editDeviceManagement editPlaybackManagement editPresetManagement editRoleManagement "
+     "editScheduleManagement editServerManagement editUserManagement editZoneManagement"},
+    {"users", "only the page of users says whose role it is", "role_", "exclude include"},
+    {"roles", "only the page of roles shows rights", "role_",
+     "blockPlaylist blockZone cleanPlaylists cleanPresets cleanTasks cleanZones "
+     "editDeviceManagement editMicrophone editMicrophoneAlarm editPlaybackManagement "
+     "editPresetManagement editRoleManagement editScheduleManagement editServerManagement "
+     "editUserManagement editZoneManagement reloadPermissions select selectPlaylist selectPreset "
+     "selectTask selectZone unblockPlaylists unblockZones"},
+    {"sound settings", "each page of the settings shows its own", "settings_",
+     "addMediaInput addMediaOutput mediaInputSelect mediaOutputSelect"},
+    {"log settings", "each page of the settings shows its own", "settings_log_",
+     "access_error alarm_broadcasting client_settings connect device_control device_settings "
+     "memory_play microphone_broadcasting playback playlist_settings preset_settings preset_start "
+     "role_settings server_log_settings server_settings task_settings user_settings zone_settings"},
 };
 
 QString subjectOf(const QString& function)
@@ -138,10 +123,12 @@ QString subjectOf(const QString& function)
 bool mustHear(const PageRow& page, const QString& function)
 {
     for (const Exception& exception : exceptions) {
-        if (exception.names.contains(function)) {
+        const QString begin = QStringLiteral("wrapperInput_") + exception.subject;
+        if (function.startsWith(begin) &&
+            QString(exception.names).split(' ').contains(function.mid(begin.size()))) {
             const QString pages = QString::fromLatin1(exception.pages);
             if (pages == "administration") {
-                return QByteArray(page.open).contains("loadSideMenu('admin')");
+                return PageLooks::isAdministration(page);
             }
             return pages.mid(pages.startsWith('!')).split('|').contains(page.name) !=
                    pages.startsWith('!');
@@ -205,10 +192,17 @@ void PagesTest::pageIsTheSameAfterAnyOther_data()
 {
     QTest::addColumn<int>("first");
     QTest::addColumn<int>("second");
-    for (std::size_t second = 0; second < std::size(pageRows); ++second) {
-        for (std::size_t first = 0; first < std::size(pageRows); ++first) {
-            QTest::addRow("%s, then %s", pageRows[first].name, pageRows[second].name)
-                << static_cast<int>(first) << static_cast<int>(second);
+    const auto add = [](int first, int second) {
+        QTest::addRow("%s, then %s", pageRows[first].name, pageRows[second].name)
+            << first << second;
+    };
+    // Where one row ends the next begins.
+    constexpr int pageCount = std::size(pageRows);
+    for (int page = 0; page < pageCount; ++page) {
+        add(page, page);
+        for (int other = page + 1; other < pageCount; ++other) {
+            add(page, other);
+            add(other, page);
         }
     }
 }
@@ -218,6 +212,7 @@ void PagesTest::pageIsTheSameAfterAnyOther()
     QFETCH(int, first);
     QFETCH(int, second);
     static QMap<int, QStringList> fresh;
+    static int shown = -1;
     const PageRow& page = pageRows[second];
     if (!fresh.contains(second)) {
         QVERIFY(console().showSession([this] { fillMirror(); }));
@@ -225,9 +220,12 @@ void PagesTest::pageIsTheSameAfterAnyOther()
         QVERIFY(hasSettled());
         fresh[second] = looks(page);
         QVERIFY(fresh[second].size() > 10);
+        shown = -1;
     }
-    open(pageRows[first]);
-    QVERIFY(hasSettled());
+    if (std::exchange(shown, second) != first) {
+        open(pageRows[first]);
+        QVERIFY(hasSettled());
+    }
     open(page);
     QVERIFY(hasSettled());
     QCOMPARE(looks(page), fresh[second]);
@@ -277,7 +275,7 @@ void PagesTest::pagesHearWhatConcernsThem()
         }
     }
     std::sort(faults.begin(), faults.end());
-    QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n').left(800)));
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
 }
 
 void PagesTest::nameIsDeclaredOnceInARegion()

@@ -11,6 +11,8 @@
 #include <QWebView>
 #include <QtTest>
 
+#include <utility>
+
 /// The roads of an operator through the pages, by real clicks and keys against the demo server.
 /// Each file of the folder `roads` is a shift of its own; a line is a step:
 ///
@@ -146,7 +148,7 @@ bool RoadsTest::logIn(const QString& name) const
                             "!$('#loadingModal').is(':visible') && $('#modalShowVersion').length");
 }
 
-/// Acts at the middle of an element, once it is there, can be used and isn't covered.
+/// Acts at the middle of an element, once it is there, can be used, isn't covered and stands still.
 bool RoadsTest::hit(const QString& selector, const std::function<void(QPoint)>& act) const
 {
     const QString place =
@@ -166,10 +168,15 @@ bool RoadsTest::hit(const QString& selector, const std::function<void(QPoint)>& 
             "  return found;"
             "})()")
             .arg(QString(selector).replace('"', '\''));
-    if (!console->waitFor(place + " !== ''")) {
+    QString found;
+    const bool stands = QTest::qWaitFor([&] {
+        const QString before = std::exchange(found, console->text(place));
+        return !found.isEmpty() && found == before;
+    });
+    if (!stands) {
         return false;
     }
-    const QStringList numbers = console->text(place).split(',');
+    const QStringList numbers = found.split(',');
     act({numbers.value(0).toInt(), numbers.value(1).toInt()});
     return true;
 }

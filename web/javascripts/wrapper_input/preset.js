@@ -65,7 +65,7 @@
         eachUnit(id, (units) => units.set(id, field, value));
     }
 
-    // Zones have other units than before: once for all that one read tells.
+    // There are other units than before, or in other zones: once for all that one read tells.
     function reloadSoon() {
         clearTimeout(reload);
         reload = setTimeout(() => cardsByPreset.forEach((card, id) => wrapper_Preset_LoadDevices(id)), 0);
@@ -106,6 +106,7 @@
                 cardsByPreset.get(presetId).units.add(id, {name: name, status: status, volume: volume, category: category, zones: [], task: "", read: true});
             }
         },
+        wrapperInput_device_add: () => reloadSoon(),
         wrapperInput_device_setName: (id, name) => setUnit(id, "name", name),
         wrapperInput_device_setVolume: (id, volume) => setUnit(id, "volume", volume),
         wrapperInput_device_setPlaybackCategory: (id, category) => setUnit(id, "category", category),

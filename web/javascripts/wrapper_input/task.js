@@ -76,6 +76,7 @@
     page(
         Object.assign(follow, {
             task_showUnit: ask,
+            task_showZone: showZone,
             wrapperInput_task_initScheduler: () => tasks.clear(),
             wrapperInput_task_clean: () => tasks.clear(),
             wrapperInput_task_add: function (id, title, group, frequency, startDate, startTime, days, endDate, endTime) {
