@@ -6,13 +6,17 @@
 #include "model/Task.h"
 #include "model/Zone.h"
 
+#include <QSet>
+
 #include <algorithm>
 
 QVector<int> getDeviceListFromTasks()
 {
     QVector<int> result;
-    const auto add = [&result](int deviceId) {
-        if (!result.contains(deviceId)) {
+    QSet<int> known;
+    const auto add = [&](int deviceId) {
+        if (!known.contains(deviceId)) {
+            known.insert(deviceId);
             result.append(deviceId);
         }
     };

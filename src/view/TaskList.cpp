@@ -174,11 +174,16 @@ void WebView::task_loadTask(int deviceId)
 void WebView::task_loadDeviceList()
 {
     const SlotLog log("task_loadDeviceList", {}, LogLevel::TaskSettings);
-    scripts.replay("units", getDeviceListFromTasks(), [](int id) {
-        if (const Device* const device = Data::getDeviceById(id)) {
-            DeviceState::addToPage(*device);
+    {
+        const ScriptPipe::Gathering list(scripts);
+        const QVector<int> units = getDeviceListFromTasks();
+        for (const int id : units) {
+            if (const Device* const device = Data::getDeviceById(id)) {
+                DeviceState::addToPage(*device);
+            }
         }
-    });
+    }
+    scripts.flush();
 }
 
 QString WebView::task_zoneName()

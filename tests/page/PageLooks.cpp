@@ -6,10 +6,24 @@ namespace PageLooks
 namespace
 {
 
+/// What a page has put off for less than this many milliseconds belongs to its opening; what it
+/// does each second doesn't.
+const char* const countTimers =
+    "if (!window.timersUnderWay) {"
+    "  window.timersUnderWay = new Set();"
+    "  const set = window.setTimeout, clear = window.clearTimeout;"
+    "  window.setTimeout = function (action, delay) {"
+    "    const id = set(function () { timersUnderWay.delete(id); action(); }, delay);"
+    "    if (!(delay >= 500)) { timersUnderWay.add(id); }"
+    "    return id;"
+    "  };"
+    "  window.clearTimeout = function (id) { timersUnderWay.delete(id); clear(id); };"
+    "}";
+
 void load(const Console& console, const char* regions, const QString& script)
 {
-    console.value(QStringLiteral("$('%1').append('<i class=\"was_before\">'); %2; null")
-                      .arg(QString::fromLatin1(regions).replace(' ', ','), script));
+    console.value(QStringLiteral("%1 $('%2').append('<i class=\"was_before\">'); %3; null")
+                      .arg(countTimers, QString::fromLatin1(regions).replace(' ', ','), script));
 }
 
 } // namespace
@@ -32,13 +46,8 @@ void open(const Console& console, const PageRow& page)
 
 bool hasSettled(const Console& console)
 {
-    // What a fragment has put off to the next turn has come, too.
-    return console.waitFor("$.active === 0 && $('.was_before').length === 0") &&
-           console
-               .value(
-                   "wrapper.turnIsOver = false; setTimeout(() => (wrapper.turnIsOver = true), 0)")
-               .isValid() &&
-           console.waitFor("wrapper.turnIsOver");
+    return console.waitFor(
+        "$.active === 0 && $('.was_before').length === 0 && timersUnderWay.size === 0");
 }
 
 QStringList looks(const Console& console, const PageRow& page, const char* except)

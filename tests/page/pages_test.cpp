@@ -66,7 +66,7 @@ const Exception exceptions[] = {
      "settings|presets",
      "only what can be ticked is marked as unread", "device_", "setRead"},
     {"zones", "only the administration of zones asks for it", "zone_", "modalAdd select"},
-    {"!presets", "a preset's card shows units, not zones", "zone_", "add delete setName"},
+    {"!presets|calendar", "the units in zones are shown, not the zones", "zone_", "add delete setName"},
     {"!preset forms|task forms|roles", "a choice of zones doesn't show what they hold", "zone_",
      "excludeDevice includeDevice"},
     {"playbacks", "only the page of the running playbacks shows them", "playback_",

@@ -111,6 +111,7 @@ void AfreshTest::staysAsIfOpenedAfresh()
     QVERIFY(waitUntilAllIsTold());
     console->value("$('.modal.in').modal('hide'); null");
     console->program().scripts().flush();
+    QVERIFY(PageLooks::hasSettled(*console));
     const QStringList stayed = PageLooks::looks(*console, page, moving);
     PageLooks::open(*console, page);
     QVERIFY(PageLooks::hasSettled(*console));

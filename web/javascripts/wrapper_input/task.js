@@ -51,6 +51,7 @@
         clearTimeout(timer);
         timer = null;
         isLoading = true;
+        callPage("task_reloadUnits");
         const unit = callPage("task_shownUnit") || 0;
         if (unit === 0) {
             tasks.clear();
