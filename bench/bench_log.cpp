@@ -71,8 +71,8 @@ Opening showInConsole(Console& console)
     Opening opening;
     const auto take = serverLogHooks().arrived;
     std::chrono::steady_clock::time_point arrival;
-    serverLogHooks().arrived = [&](const QString& date, const QString& text) {
-        opening.text = text;
+    serverLogHooks().arrived = [&](const QString& date, const QByteArray& text) {
+        opening.text = QString::fromUtf8(text);
         arrival = std::chrono::steady_clock::now();
         take(date, text);
     };
