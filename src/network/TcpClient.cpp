@@ -73,6 +73,7 @@ bool TcpClient::connectToServer(const QString& host, int port)
         parser->reset();
     }
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    socket->setReadBufferSize(readBufferSize);
     peerWatch.watch(socket.get());
     connect(socket.get(), &QSslSocket::readyRead, this, &TcpClient::readMessage);
     // Queued: the socket doesn't tell of what is written while it tells of something.

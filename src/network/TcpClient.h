@@ -41,6 +41,8 @@ public:
     /// The socket is given an attachment in pieces of so many bytes, each once the last has left
     /// it.
     static constexpr int attachmentPiece = 256 * 1024;
+    /// Bytes that the socket decrypts ahead: what a turn of the event loop costs of a large object.
+    static constexpr int readBufferSize = 1024 * 1024;
     /// After so long the objects that have come in a flood make room for other events.
     static constexpr int readingTurnMilliseconds = 20;
 
