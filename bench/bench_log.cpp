@@ -119,12 +119,13 @@ int main(int argc, char* argv[])
                     "'function'");
     double stall = 0;
     Opening last = showInConsole(console);
-    std::vector<Measure::Way> ways{{"bare view, one pre", [&] { return showBare(QString::fromUtf8(last.text)); }},
-                                   {"console", [&] {
-                                        last = showInConsole(console);
-                                        stall = std::max(stall, last.stall);
-                                        return last.time;
-                                    }}};
+    std::vector<Measure::Way> ways{
+        {"bare view, one pre", [&] { return showBare(QString::fromUtf8(last.text)); }},
+        {"console", [&] {
+             last = showInConsole(console);
+             stall = std::max(stall, last.stall);
+             return last.time;
+         }}};
     Measure::interleave(ways, repetitions);
     report.table("A log until it can be read and scrolled", ways, megabytes, "MB");
     report.line("  longest wait of a click: %.0f ms\n", stall * 1000);

@@ -35,7 +35,7 @@ QVector<int> zonesToLeave(const Installation& installation, int unit, const Zone
     return leaving;
 }
 
-using Rows = std::array<Prompt::Row, 23>;
+using Rows = std::array<Prompt::Row, 24>;
 
 QString usage(const Prompt::Row& row)
 {
@@ -95,6 +95,7 @@ QString Prompt::execute(const QString& line)
         {"internet", "on|off", "gives the server the Internet or takes it", &Prompt::internet},
         {"update", "<version>", "offers an update, 'none' takes it back", &Prompt::update},
         {"log", "<megabytes>", "fills today's log up to that size", &Prompt::log},
+        {"memory", "<units> <megabytes>", "gives units so much free memory", &Prompt::memory},
         {"drop", "", "ends all connections", &Prompt::drop},
         {"slow", "<milliseconds>", "waits before each reply", &Prompt::slow},
         {"silent", "on|off", "answers nothing", &Prompt::silent},
@@ -364,6 +365,16 @@ QString Prompt::update(const QStringList& arguments)
 QString Prompt::log(const QStringList& arguments)
 {
     server.installation().server.logMegabytes = arguments.first().toInt();
+    return {};
+}
+
+QString Prompt::memory(const QStringList& arguments)
+{
+    for (int id : unitsIn(arguments.first())) {
+        if (Unit* const unit = server.installation().unit(id)) {
+            unit->memory.available = arguments.at(1).toInt() * 1024 * 1024;
+        }
+    }
     return {};
 }
 

@@ -53,6 +53,7 @@ private:
     QString internet(const QStringList& arguments);
     QString update(const QStringList& arguments);
     QString log(const QStringList& arguments);
+    QString memory(const QStringList& arguments);
     QString drop(const QStringList& arguments);
     QString slow(const QStringList& arguments);
     QString silent(const QStringList& arguments);

@@ -21,7 +21,7 @@ struct Manners {
     int replyDelay = 0;  ///< milliseconds before a request is looked at
     bool silent = false; ///< requests are read and never answered
     /// Bytes that a console may leave unread before it is dropped.
-    qint64 mostUnread = 64LL * 1024 * 1024;
+    qint64 mostUnread = 320LL * 1024 * 1024;
 };
 
 /// One connection: TLS, the objects of its stream, who is logged in, and what is sent back.
