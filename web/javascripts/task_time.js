@@ -18,6 +18,15 @@ const taskTime = (function () {
         return text.split(",").map((name) => name.trim()).filter((name) => dayNames.indexOf(name) >= 0);
     }
 
+    // The moment of a date and a time of this zone, so many days later: the first one where the clock
+    // is set back and shows the time twice.
+    function localMoment(date, time, days) {
+        const text = moment.utc(date, dateForm, true).add(days, "days").format(dateForm) + " " + time;
+        const at = moment(text, bothForm, true);
+        const first = [60, 30].map((back) => at.clone().subtract(back, "minutes")).filter((one) => one.format(bothForm) === text);
+        return first[0] || at;
+    }
+
     // How many days a moment's UTC date lies behind its local one: -1, 0 or 1.
     function shiftOf(local) {
         const utc = local.clone().utc();
@@ -61,17 +70,17 @@ const taskTime = (function () {
         // null where that is no moment, or stop and start are the same. A stop before the start means
         // the next day.
         toServer: function (local) {
-            const start = moment(local.date + " " + local.time, bothForm, true);
+            const start = localMoment(local.date, local.time, 0);
             if (!start.isValid() || local.stop === local.time) {
                 return null;
             }
             let endTime = "";
             if (local.stop !== "") {
-                const stop = moment(local.date + " " + local.stop, bothForm, true);
+                const stop = localMoment(local.date, local.stop, minutes(local.stop) < minutes(local.time) ? 1 : 0);
                 if (!stop.isValid()) {
                     return null;
                 }
-                endTime = stop.add(minutes(local.stop) < minutes(local.time) ? 1 : 0, "days").utc().format(timeForm);
+                endTime = stop.utc().format(timeForm);
             }
             return {start: start.clone().utc().format(bothForm), endTime: endTime, days: moveDays(local.days, shiftOf(start))};
         },

@@ -38,6 +38,10 @@
         done(found);
     }
 
+    function hours(event) {
+        return event.start.format("H:mm") + (event.end ? "–" + event.end.format("H:mm") : "");
+    }
+
     function showZone() {
         const view = $("#main_calendar").fullCalendar("getView");
         $("#task_zone").text("Время: " + wrapper.task_zoneName() + ", " + taskTime.offsetText(moment(view.intervalStart.format("YYYY-MM-DD"))));
@@ -121,7 +125,7 @@
         defaultDate: moment(),
         events: eventsBetween,
         viewRender: showZone,
-        eventRender: (event, element) => element.attr("title", event.title.trim()),
+        eventRender: (event, element) => element.attr("title", hours(event) + " " + event.title.trim()),
     });
     $("#main").on("leave", function () {
         clearTimeout(timer);
