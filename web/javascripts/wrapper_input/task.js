@@ -47,10 +47,6 @@
         $("#task_zone").text("Время: " + wrapper.task_zoneName() + ", " + taskTime.offsetText(moment(view.intervalStart.format("YYYY-MM-DD"))));
     }
 
-    function height() {
-        return $("#main").height() - 60;
-    }
-
     function ask() {
         clearTimeout(timer);
         timer = null;
@@ -120,8 +116,8 @@
         editable: false,
         windowResizeDelay: 300,
         aspectRatio: 1,
-        contentHeight: height() - 50,
-        windowResize: () => $("#main_calendar").fullCalendar("option", "contentHeight", height() - 50),
+        views: {day: {titleFormat: "LL"}}, // the month in the case that a date takes
+        contentHeight: () => $("#main_calendar").parent().height() - 50,
         defaultDate: moment(),
         events: eventsBetween,
         viewRender: showZone,
