@@ -44,6 +44,10 @@ const taskTime = (function () {
         return parts ? 60 * Number(parts[1]) + Number(parts[2]) : NaN;
     }
 
+    function two(number) {
+        return (number < 10 ? "0" : "") + number;
+    }
+
     // The rule by which a day number has an occurrence.
     function ruleOf(task, first) {
         const start = new Date(first * dayMilliseconds);
@@ -102,9 +106,9 @@ const taskTime = (function () {
         },
 
         // The occurrences of a task, {frequency, startDate, startTime, days, endDate, endTime} as it
-        // travels, that begin between two moments: [{start, end}], moments in local time. The server
+        // travels, that begin between two moments: [{start, end}], end null for none. The server
         // fires in UTC: by the day of the week, the month or the year there; a month or a year without
-        // that day has none.
+        // that day has none. Thousands a month: so no more than dates, and no library on the way.
         occurrences: function (task, from, to) {
             const first = dayNumber(task.startDate);
             const last = task.endDate === "" || task.frequency === "once" ? Infinity : dayNumber(task.endDate);
@@ -120,11 +124,16 @@ const taskTime = (function () {
                 const start = day * dayMilliseconds + begin * 60000;
                 if (rule(day) && start >= from.valueOf() && start < to.valueOf()) {
                     const stop = isNaN(end) ? null : (day + (end <= begin ? 1 : 0)) * dayMilliseconds + end * 60000;
-                    found.push({start: moment(start), end: stop === null ? null : moment(stop)});
+                    found.push({start: new Date(start), end: stop === null ? null : new Date(stop)});
                 }
             }
             return found;
         },
+
+        // A date's local time, "2026-03-02T09:05:00" and "9:05".
+        stamp: (date) =>
+            date.getFullYear() + "-" + two(date.getMonth() + 1) + "-" + two(date.getDate()) + "T" + two(date.getHours()) + ":" + two(date.getMinutes()) + ":00",
+        clock: (date) => date.getHours() + ":" + two(date.getMinutes()),
 
         // "UTC+3", "UTC+5:45": how far local time is from UTC at a moment.
         offsetText: function (at) {

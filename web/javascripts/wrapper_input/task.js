@@ -11,7 +11,6 @@
         6: ["#d92222", "#d40100"],
         7: ["#d92222", "#d40100"],
     };
-    const form = "YYYY-MM-DDTHH:mm:ss";
     const tasks = new Map(); // on show, by their ids
     let isLoading = false;
     let timer = null;
@@ -21,12 +20,18 @@
         return taskTime.occurrences(task, from, to).map((one) => ({
             id: id,
             title: "\n" + task.title,
-            start: one.start.format(form),
-            end: one.end ? one.end.format(form) : null,
+            hint: hint(one, task.title),
+            start: taskTime.stamp(one.start),
+            end: one.end ? taskTime.stamp(one.end) : null,
             color: colour[0],
             borderColor: colour[1],
             allDay: false,
         }));
+    }
+
+    // "9:30–10:30 Weekly".
+    function hint(one, title) {
+        return taskTime.clock(one.start) + (one.end ? "–" + taskTime.clock(one.end) : "") + " " + title;
     }
 
     // Only for what is on show; what has begun the day before may reach into it.
@@ -36,10 +41,6 @@
         const found = [];
         tasks.forEach((task, id) => [].push.apply(found, eventsOf(id, task, from, to)));
         done(found);
-    }
-
-    function hours(event) {
-        return event.start.format("H:mm") + (event.end ? "–" + event.end.format("H:mm") : "");
     }
 
     function showZone() {
@@ -121,7 +122,9 @@
         defaultDate: moment(),
         events: eventsBetween,
         viewRender: showZone,
-        eventRender: (event, element) => element.attr("title", hours(event) + " " + event.title.trim()),
+        eventRender: function (event, element) {
+            element[0].title = event.hint;
+        },
     });
     $("#main").on("leave", function () {
         clearTimeout(timer);
