@@ -115,11 +115,10 @@ int main(int argc, char** argv)
              return time;
          }}};
     Measure::interleave(ways, repetitions);
-    const QByteArray heading =
-        QStringLiteral("A month of %1 tasks, %2 events")
-            .arg(tasks)
-            .arg(console.value("expected").toInt())
-            .toUtf8();
+    const QByteArray heading = QStringLiteral("A month of %1 tasks, %2 events")
+                                   .arg(tasks)
+                                   .arg(console.value("expected").toInt())
+                                   .toUtf8();
     report.table(heading.constData(), ways, 1, "month");
     report.line("  a click waits at most %.0f ms\n",
                 1000 * *std::max_element(stalls.begin(), stalls.end()));
