@@ -1,6 +1,7 @@
 #include "simulator/EventLog.h"
 #include "simulator/UploadReceiver.h"
 #include "simulator/commands/CommandTable.h"
+#include "simulator/commands/Definitions.h"
 
 #include <QUrl>
 
@@ -43,14 +44,7 @@ bool isTrackIn(const Installation& installation, int folder, const QString& titl
 /// Folders and tracks are numbered together: a new title names one of them by its number alone.
 int freeId(const Installation& installation)
 {
-    int highest = 0;
-    for (const Playlist& playlist : installation.playlists) {
-        highest = std::max(highest, playlist.id);
-    }
-    for (const Track& track : installation.tracks) {
-        highest = std::max(highest, track.id);
-    }
-    return highest + 1;
+    return std::max(nextId(installation.playlists), nextId(installation.tracks));
 }
 
 QJsonObject addPlaylist(Context& context, const QJsonObject& request)

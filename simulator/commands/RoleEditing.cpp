@@ -1,4 +1,5 @@
 #include "simulator/commands/CommandTable.h"
+#include "simulator/commands/Definitions.h"
 #include "simulator/commands/PlayFields.h"
 #include "simulator/state/Rights.h"
 
@@ -150,45 +151,18 @@ QJsonObject setServer(Context& context, const QJsonObject& request)
     });
 }
 
-/// Whether a role's zones hold all that is to be played on, units by any zone that they are in.
-const char* missingTarget(const Installation& installation, const Role& role,
-                          const Targets& targets)
-{
-    const auto isForeignZone = [&role](int id) { return !role.zoneIds.contains(id); };
-    const auto isForeignUnit = [&](int id) {
-        return std::none_of(
-            installation.zones.begin(), installation.zones.end(),
-            [&](const Zone& zone) { return !isForeignZone(zone.id) && zone.units.contains(id); });
-    };
-    if (std::any_of(targets.zones.begin(), targets.zones.end(), isForeignZone)) {
-        return "Zone";
-    }
-    return std::any_of(targets.units.begin(), targets.units.end(), isForeignUnit) ? "Device"
-                                                                                  : nullptr;
-}
-
-/// What a role lacks of one of its presets or tasks, as the word of the refusal; empty if nothing.
-QString lack(const Installation& installation, const Role& role, int playlist,
-             const Targets& targets, const char* kind)
-{
-    const char* const missing = role.playlistIds.contains(playlist)
-                                    ? missingTarget(installation, role, targets)
-                                    : "Playlist";
-    return missing ? QStringLiteral("forbidden%1In%2").arg(missing, kind) : QString();
-}
-
 /// The first lack among all that the role is given.
 QString lackOf(const Installation& installation, const Role& role)
 {
     QString word;
     for (const Preset& preset : installation.presets) {
         if (word.isEmpty() && role.presetIds.contains(preset.id)) {
-            word = lack(installation, role, preset.playlist, preset.targets, "Preset");
+            word = lackOf(installation, role, presetDefinitions, preset.playlist, preset.targets);
         }
     }
     for (const Task& task : installation.tasks) {
         if (word.isEmpty() && task.play && role.taskIds.contains(task.id)) {
-            word = lack(installation, role, task.target, task.targets, "Task");
+            word = lackOf(installation, role, taskDefinitions, task.target, task.targets);
         }
     }
     return word;

@@ -1,4 +1,5 @@
 #include "simulator/commands/CommandTable.h"
+#include "simulator/commands/Definitions.h"
 #include "simulator/commands/PlayFields.h"
 #include "simulator/state/Calendar.h"
 
@@ -94,31 +95,18 @@ bool isAimed(Installation& installation, const Task& event)
     return event.play ? installation.playlist(event.target) && track : stopped && stopped->play;
 }
 
-/// Everybody who administers tasks has to see what one plays, and where: the word of what is
-/// missing, empty for nothing.
-QString lackOf(const Installation& installation, const Task& event)
-{
-    for (const Role& role : installation.roles) {
-        const char* missing = role.tasks == Level::Administration && event.play
-                                  ? Access(installation, role).lacks(event.target, event.targets)
-                                  : nullptr;
-        if (missing) {
-            return QString("forbidden%1InTask").arg(missing);
-        }
-    }
-    return {};
-}
-
 QString objectionTo(Context& context, const Task& event)
 {
     Installation& installation = context.installation();
     if (!isNamed(event) || !isDatable(event) || !isAimed(installation, event)) {
         return "error";
     }
-    const bool isTaken = std::any_of(
-        installation.tasks.begin(), installation.tasks.end(),
-        [&event](const Task& other) { return other.id != event.id && other.title == event.title; });
-    return isTaken ? "titleExists" : lackOf(installation, event);
+    if (isTitleTaken(installation.tasks, event)) {
+        return "titleExists";
+    }
+    return event.play
+               ? administratorsLack(installation, taskDefinitions, event.target, event.targets)
+               : QString();
 }
 
 QJsonObject add(Context& context, const QJsonObject& request)
@@ -129,16 +117,10 @@ QJsonObject add(Context& context, const QJsonObject& request)
     if (!objection.isEmpty()) {
         return {{"response", objection}};
     }
-    for (const Task& other : installation.tasks) {
-        event.id = std::max(event.id, other.id);
-    }
-    ++event.id;
+    event.id = nextId(installation.tasks);
     installation.tasks.append(event);
-    // Who administers tasks sees it.
-    for (Role& role : installation.roles) {
-        if (event.play && role.tasks == Level::Administration) {
-            role.taskIds.append(event.id);
-        }
+    if (event.play) {
+        grant(installation, taskDefinitions, event.id);
     }
     context.pushToOthers(makePush("task", "add"));
     return success({{"id", event.id}});
@@ -165,9 +147,7 @@ void forget(Installation& installation, int id)
     for (Playback& playback : installation.playbacks) {
         playback.task = playback.task == id ? 0 : playback.task;
     }
-    for (Role& role : installation.roles) {
-        role.taskIds.removeAll(id);
-    }
+    withdraw(installation, taskDefinitions, id);
 }
 
 QJsonObject remove(Context& context, const QJsonObject& request)

@@ -1,4 +1,5 @@
 #include "simulator/commands/CommandTable.h"
+#include "simulator/commands/Definitions.h"
 #include "simulator/state/Topology.h"
 
 #include <QJsonArray>
@@ -48,10 +49,7 @@ QJsonObject add(Context& context, const QJsonObject& request)
         (zone.parent != 0 && !zoneIn(context, zone.parent))) {
         return refusal("error");
     }
-    for (const Zone& other : context.installation().zones) {
-        zone.id = std::max(zone.id, other.id);
-    }
-    ++zone.id;
+    zone.id = nextId(context.installation().zones);
     context.installation().zones.append(zone);
     // Who makes a zone sees it.
     Role& own = *context.installation().role(context.role()->name);

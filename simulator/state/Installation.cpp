@@ -121,7 +121,7 @@ const Playback* Installation::playback(int id) const
     return byId(playbacks, id);
 }
 
-const Preset* Installation::preset(int id) const
+Preset* Installation::preset(int id)
 {
     return byId(presets, id);
 }

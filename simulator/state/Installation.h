@@ -44,7 +44,7 @@ public:
     const Track* track(int id) const;
     Playback* playback(int id);
     const Playback* playback(int id) const;
-    const Preset* preset(int id) const;
+    Preset* preset(int id);
     Task* task(int id);
     Role* role(const QString& name);
     const Role* role(const QString& name) const;

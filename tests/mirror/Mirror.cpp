@@ -369,7 +369,9 @@ const std::vector<Field<Task>>& fieldsOf(const Task*)
 const std::vector<Field<Preset>>& fieldsOf(const Preset*)
 {
     static const std::vector<Field<Preset>> fields{
+        FIELD(Preset, "title", Title),
         FIELD(Preset, "playlist", Playlist),
+        FIELD(Preset, "target", Target),
         targets<Preset>("units", &Preset::getDeviceList),
         targets<Preset>("zones", &Preset::getZoneList),
     };

@@ -161,7 +161,9 @@ bool RoadsTest::hit(const QString& selector, const std::function<void(QPoint)>& 
             "    var x = Math.round(box.left + box.width / 2),"
             "        y = Math.round(box.top + box.height / 2);"
             "    var top = document.elementFromPoint(x, y);"
-            "    return top && (item.contains(top) || top.contains(item)) ? x + ',' + y : '';"
+            "    var isHit = top && (item.contains(top) || top.contains(item)) &&"
+            "        !$(top).is('.modal, .modal-dialog');" // below a dialog's end
+            "    return isHit ? x + ',' + y : '';"
             "  }"
             "  var found = spot();"
             "  if (!found) { item.scrollIntoView(); found = spot(); }"

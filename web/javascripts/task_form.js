@@ -79,19 +79,60 @@ class DaysField {
     }
 }
 
+// What a field of a moment takes, however short: "9", "930", "9.30" for a time, "2.3", "2.3.26",
+// "20260302" for a date. What is none stays as it is typed, to be marked.
+const timeField = {
+    hint: "чч:мм",
+    form: "HH:mm",
+    whole: function (text) {
+        const parts = /^(\d{1,2})(?:[:., -]?(\d{2}))?$/.exec(text.trim());
+        return parts ? ("0" + parts[1]).slice(-2) + ":" + (parts[2] || "00") : text.trim();
+    },
+    unit: (caret) => (caret < 3 ? "hours" : "minutes"),
+};
+
+const dateField = {
+    hint: "гггг-мм-дд",
+    form: "YYYY-MM-DD",
+    whole: function (text) {
+        const date = moment(text.trim(), ["YYYY-MM-DD", "YYYYMMDD", "D.M.YYYY", "D.M.YY", "D.M"], true);
+        return date.isValid() ? date.format("YYYY-MM-DD") : text.trim();
+    },
+    unit: (caret) => (caret < 5 ? "years" : caret < 8 ? "months" : "days"),
+};
+
+function putMoment(field, text) {
+    if (field.value !== text) {
+        $(field).val(text).trigger("input");
+    }
+}
+
+// Up and Down count on what the caret stands at, the empty field from now.
+function stepMoment(event, kind) {
+    const step = {38: 1, 40: -1}[event.which] || 0;
+    const field = event.target;
+    const at = field.value === "" ? moment() : moment.utc(kind.whole(field.value), kind.form, true);
+    if (step !== 0 && at.isValid()) {
+        const caret = field.selectionStart;
+        putMoment(field, (field.value === "" ? at : at.add(step, kind.unit(caret))).format(kind.form));
+        field.setSelectionRange(caret, caret);
+        event.preventDefault();
+    }
+}
+
 // The rows of the fields below `place`, whose ids begin with `prefix`.
 class TaskFields {
     constructor(place, prefix, dayPrefix) {
         this.prefix = prefix;
-        const type = $("<select>").attr("id", prefix + "type");
+        const type = $("<select>").attr("id", this.id("type"));
         taskTypes.forEach((one) => type.append(new Option(one[1], one[0])));
         this.row(place, "Тип", $("<span class='panel_field'>").append(type));
-        const days = this.row(place, "День недели", $("<span class='panel_value'>")).attr("id", prefix + "week_day_row");
+        const days = this.row(place, "День недели", $("<span class='panel_value'>")).attr("id", this.id("week_day_row"));
         this.days = new DaysField(days.find(".panel_value"), dayPrefix);
-        this.row(place, "Время старта", this.input("time", "чч:мм"));
-        this.row(place, "Дата начала повтора", this.input("date", "гггг-мм-дд"));
-        this.row(place, "Время остановки", this.input("stop", "чч:мм"));
-        this.row(place, "Дата окончания повтора", this.input("end", "гггг-мм-дд")).addClass(prefix + "end_row");
+        this.row(place, "Время старта", this.input("time", timeField));
+        this.row(place, "Дата начала повтора", this.input("date", dateField));
+        this.row(place, "Время остановки", this.input("stop", timeField));
+        this.row(place, "Дата окончания повтора", this.input("end", dateField)).addClass(prefix + "end_row");
         this.note = $("<div class='task_zone quiet'>").appendTo(place);
         $(this.field("time") + "," + this.field("date") + "," + this.field("stop")).on("input", () => this.showNote());
         this.zone = wrapper.task_zoneName();
@@ -101,12 +142,20 @@ class TaskFields {
         return $("<div class='panel_row form_field'>").append($("<span class='panel_label'>").text(label), content).appendTo(place);
     }
 
-    input(name, hint) {
-        return $("<input class='form-control digits' autocomplete='off'>").attr({id: this.prefix + name, placeholder: hint});
+    input(name, kind) {
+        return $("<input class='form-control digits' autocomplete='off'>")
+            .attr({id: this.id(name), placeholder: kind.hint})
+            .on("change", (event) => putMoment(event.target, kind.whole(event.target.value)))
+            .on("keydown", (event) => stepMoment(event, kind));
+    }
+
+    // "task_time" in the form, "addTaskTime" in the dialog.
+    id(name) {
+        return this.prefix + (this.prefix.endsWith("_") ? name : name.charAt(0).toUpperCase() + name.substr(1));
     }
 
     field(name) {
-        return "#" + this.prefix + name;
+        return "#" + this.id(name);
     }
 
     text(name) {
@@ -138,9 +187,24 @@ class TaskFields {
         );
     }
 
+    // Whether what the form sends comes back as it was typed: not where summer time skips the hour,
+    // or takes a stop of the next day more than a day away from the start.
+    comesBack(name) {
+        const local = this.local;
+        const sent = taskTime.toServer(local);
+        if (!sent) {
+            return true;
+        }
+        const start = sent.start.split(" ");
+        return taskTime.toForm(start[0], start[1], sent.endTime, "")[name] === local[name];
+    }
+
     // What is wrong with a field; "" where nothing is.
     timeError() {
-        return taskTime.isTime(this.text("time")) ? "" : "Время в виде чч:мм";
+        if (!taskTime.isTime(this.text("time"))) {
+            return "Время в виде чч:мм";
+        }
+        return this.comesBack("time") ? "" : "В этот день такого времени нет: перевод часов";
     }
 
     dateError() {
@@ -152,7 +216,13 @@ class TaskFields {
         if (stop === "") {
             return "";
         }
-        return !taskTime.isTime(stop) ? "Время в виде чч:мм" : stop === this.text("time") ? "Остановка совпадает со стартом" : "";
+        if (!taskTime.isTime(stop)) {
+            return "Время в виде чч:мм";
+        }
+        if (stop === this.text("time")) {
+            return "Остановка совпадает со стартом";
+        }
+        return this.comesBack("stop") ? "" : "Между стартом и остановкой перевод часов";
     }
 
     endError() {

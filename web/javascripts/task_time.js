@@ -18,6 +18,15 @@ const taskTime = (function () {
         return text.split(",").map((name) => name.trim()).filter((name) => dayNames.indexOf(name) >= 0);
     }
 
+    // The moment of a date and a time of this zone, so many days later: the first one where the clock
+    // is set back and shows the time twice.
+    function localMoment(date, time, days) {
+        const text = moment.utc(date, dateForm, true).add(days, "days").format(dateForm) + " " + time;
+        const at = moment(text, bothForm, true);
+        const first = [60, 30].map((back) => at.clone().subtract(back, "minutes")).filter((one) => one.format(bothForm) === text);
+        return first[0] || at;
+    }
+
     // How many days a moment's UTC date lies behind its local one: -1, 0 or 1.
     function shiftOf(local) {
         const utc = local.clone().utc();
@@ -33,6 +42,10 @@ const taskTime = (function () {
     function minutes(text) {
         const parts = /^(\d{1,2}):(\d{2})/.exec(text);
         return parts ? 60 * Number(parts[1]) + Number(parts[2]) : NaN;
+    }
+
+    function two(number) {
+        return (number < 10 ? "0" : "") + number;
     }
 
     // The rule by which a day number has an occurrence.
@@ -61,17 +74,17 @@ const taskTime = (function () {
         // null where that is no moment, or stop and start are the same. A stop before the start means
         // the next day.
         toServer: function (local) {
-            const start = moment(local.date + " " + local.time, bothForm, true);
+            const start = localMoment(local.date, local.time, 0);
             if (!start.isValid() || local.stop === local.time) {
                 return null;
             }
             let endTime = "";
             if (local.stop !== "") {
-                const stop = moment(local.date + " " + local.stop, bothForm, true);
+                const stop = localMoment(local.date, local.stop, minutes(local.stop) < minutes(local.time) ? 1 : 0);
                 if (!stop.isValid()) {
                     return null;
                 }
-                endTime = stop.add(minutes(local.stop) < minutes(local.time) ? 1 : 0, "days").utc().format(timeForm);
+                endTime = stop.utc().format(timeForm);
             }
             return {start: start.clone().utc().format(bothForm), endTime: endTime, days: moveDays(local.days, shiftOf(start))};
         },
@@ -93,9 +106,9 @@ const taskTime = (function () {
         },
 
         // The occurrences of a task, {frequency, startDate, startTime, days, endDate, endTime} as it
-        // travels, that begin between two moments: [{start, end}], moments in local time. The server
+        // travels, that begin between two moments: [{start, end}], end null for none. The server
         // fires in UTC: by the day of the week, the month or the year there; a month or a year without
-        // that day has none.
+        // that day has none. Thousands a month: so no more than dates, and no library on the way.
         occurrences: function (task, from, to) {
             const first = dayNumber(task.startDate);
             const last = task.endDate === "" || task.frequency === "once" ? Infinity : dayNumber(task.endDate);
@@ -111,11 +124,16 @@ const taskTime = (function () {
                 const start = day * dayMilliseconds + begin * 60000;
                 if (rule(day) && start >= from.valueOf() && start < to.valueOf()) {
                     const stop = isNaN(end) ? null : (day + (end <= begin ? 1 : 0)) * dayMilliseconds + end * 60000;
-                    found.push({start: moment(start), end: stop === null ? null : moment(stop)});
+                    found.push({start: new Date(start), end: stop === null ? null : new Date(stop)});
                 }
             }
             return found;
         },
+
+        // A date's local time, "2026-03-02T09:05:00" and "9:05".
+        stamp: (date) =>
+            date.getFullYear() + "-" + two(date.getMonth() + 1) + "-" + two(date.getDate()) + "T" + two(date.getHours()) + ":" + two(date.getMinutes()) + ":00",
+        clock: (date) => date.getHours() + ":" + two(date.getMinutes()),
 
         // "UTC+3", "UTC+5:45": how far local time is from UTC at a moment.
         offsetText: function (at) {

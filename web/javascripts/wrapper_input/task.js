@@ -11,7 +11,6 @@
         6: ["#d92222", "#d40100"],
         7: ["#d92222", "#d40100"],
     };
-    const form = "YYYY-MM-DDTHH:mm:ss";
     const tasks = new Map(); // on show, by their ids
     let isLoading = false;
     let timer = null;
@@ -21,12 +20,18 @@
         return taskTime.occurrences(task, from, to).map((one) => ({
             id: id,
             title: "\n" + task.title,
-            start: one.start.format(form),
-            end: one.end ? one.end.format(form) : null,
+            hint: hint(one, task.title),
+            start: taskTime.stamp(one.start),
+            end: one.end ? taskTime.stamp(one.end) : null,
             color: colour[0],
             borderColor: colour[1],
             allDay: false,
         }));
+    }
+
+    // "9:30–10:30 Weekly".
+    function hint(one, title) {
+        return taskTime.clock(one.start) + (one.end ? "–" + taskTime.clock(one.end) : "") + " " + title;
     }
 
     // Only for what is on show; what has begun the day before may reach into it.
@@ -41,10 +46,6 @@
     function showZone() {
         const view = $("#main_calendar").fullCalendar("getView");
         $("#task_zone").text("Время: " + wrapper.task_zoneName() + ", " + taskTime.offsetText(moment(view.intervalStart.format("YYYY-MM-DD"))));
-    }
-
-    function height() {
-        return $("#main").height() - 60;
     }
 
     function ask() {
@@ -116,12 +117,14 @@
         editable: false,
         windowResizeDelay: 300,
         aspectRatio: 1,
-        contentHeight: height() - 50,
-        windowResize: () => $("#main_calendar").fullCalendar("option", "contentHeight", height() - 50),
+        views: {day: {titleFormat: "LL"}}, // the month in the case that a date takes
+        contentHeight: () => $("#main_calendar").parent().height() - 50,
         defaultDate: moment(),
         events: eventsBetween,
         viewRender: showZone,
-        eventRender: (event, element) => element.attr("title", event.title.trim()),
+        eventRender: function (event, element) {
+            element[0].title = event.hint;
+        },
     });
     $("#main").on("leave", function () {
         clearTimeout(timer);
