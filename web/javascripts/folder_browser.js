@@ -78,7 +78,7 @@ class FolderBrowserView {
     }
 
     clear() {
-        this.rows.everyItem().forEach((item) => this.rows.remove(item.id));
+        this.rows.clear();
     }
 
     // What native code tells of.

@@ -79,10 +79,6 @@ playlistId = 0; // the folder on show, and the target of every addition
     tracks = rowList("track", "fa-file-audio-o");
     showEmpty();
 
-    function clear(list) {
-        list.everyItem().forEach((row) => list.remove(row.id));
-    }
-
     page({
         wrapper_AdminPlayback_selectPlaylist: function (id) {
             playlistId = id;
@@ -96,8 +92,8 @@ playlistId = 0; // the folder on show, and the target of every addition
             wrapper_AdminPlayback_selectPlaylist(id);
         },
         wrapperInput_playback_clearItems: function () {
-            clear(folders);
-            clear(tracks);
+            folders.clear();
+            tracks.clear();
         },
         wrapperInput_playback_addItem: function (id, parentId, name, type, duration) {
             if (playlistId === parentId) {
