@@ -61,10 +61,15 @@ playlistId = 0; // the folder on show, and the target of every addition
 
     let folders = null;
     let tracks = null;
+    let saysEmpty = null;
 
+    // Called for each row of what may be a very long list. The way up is no content, and the first row.
     function showEmpty() {
-        const isEmpty = folders && tracks && folders.everyItem().every((row) => row.isUp) && tracks.counts.all === 0;
-        $("#library_empty").toggleClass("hidden", !isEmpty);
+        const isEmpty = Boolean(folders && tracks) && tracks.counts.all === 0 && folders.counts.all <= 1 && (folders.counts.all === 0 || folders.first().isUp);
+        if (isEmpty !== saysEmpty) {
+            saysEmpty = isEmpty;
+            $("#library_empty").toggleClass("hidden", !isEmpty);
+        }
     }
 
     function opened(kind, id) {
