@@ -59,6 +59,15 @@ void waitForEmpty(Console& console, const char* list)
     }
 }
 
+/// Whether elements and the space for the others make up so many rows.
+QString isWhole(const char* list, const char* row, int rows)
+{
+    return QStringLiteral("$('%1 .item_spacer:last').height() / $('%1 %2').outerHeight() + "
+                          "$('%1 %2').length > %3 - 0.5")
+        .arg(list, row)
+        .arg(rows);
+}
+
 /// As many rows as plainly as the engine can make them, in the place of the page's.
 double bare(Console& console, const QString& place, int rows)
 {
@@ -104,9 +113,7 @@ void measureLibrary(Measure::Report& report, Console& console, int tracks, int r
              waitForEmpty(console, "#track_rows");
              return until(console,
                           QStringLiteral("wrapper_AdminPlayback_selectPlaylist(%1)").arg(folderId),
-                          QStringLiteral("$('#track_%1').length === 1").arg(1000) + " && " +
-                              QStringLiteral("$('#track_rows .item_spacer:last').height() > %1")
-                                  .arg(tracks > 400 ? 20 * (tracks - 400) : -1),
+                          isWhole("#track_rows", ".library_row", tracks),
                           stall);
          }}};
     compare(report, QStringLiteral("A folder of the library, %1 tracks").arg(tracks), ways,
@@ -134,8 +141,7 @@ void measureDisk(Measure::Report& report, Console& console, int files, int repet
              return until(console,
                           QStringLiteral("wrapper_AdminPlayback_loadPath('%1', '/', 'track')")
                               .arg(folder),
-                          QStringLiteral("$('#dirContent .item_spacer:last').height() > %1")
-                              .arg(files > 400 ? 20 * (files - 400) : -1),
+                          isWhole("#dirContent", ".tick_row", files),
                           stall);
          }}};
     compare(report, QStringLiteral("A folder of this computer, %1 files").arg(files), ways,
