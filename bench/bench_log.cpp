@@ -61,7 +61,7 @@ double showBare(const QString& text)
 
 /// What one opening of a log takes.
 struct Opening {
-    QString text;
+    QByteArray text;
     double time = 0;  ///< seconds from the arrival
     double stall = 0; ///< the longest wait of a click, in seconds
 };
@@ -71,7 +71,7 @@ Opening showInConsole(Console& console)
     Opening opening;
     const auto take = serverLogHooks().arrived;
     std::chrono::steady_clock::time_point arrival;
-    serverLogHooks().arrived = [&](const QString& date, const QString& text) {
+    serverLogHooks().arrived = [&](const QString& date, const QByteArray& text) {
         opening.text = text;
         arrival = std::chrono::steady_clock::now();
         take(date, text);
@@ -88,7 +88,7 @@ Opening showInConsole(Console& console)
     opening.time =
         std::chrono::duration<double>(std::chrono::steady_clock::now() - arrival).count();
     serverLogHooks().arrived = take;
-    if (console.text("$('#log').text()") != opening.text) {
+    if (console.text("$('#log').text()") != QString::fromUtf8(opening.text)) {
         fail("the page doesn't show what has come");
     }
     return opening;
@@ -119,7 +119,7 @@ int main(int argc, char* argv[])
                     "'function'");
     double stall = 0;
     Opening last = showInConsole(console);
-    std::vector<Measure::Way> ways{{"bare view, one pre", [&] { return showBare(last.text); }},
+    std::vector<Measure::Way> ways{{"bare view, one pre", [&] { return showBare(QString::fromUtf8(last.text)); }},
                                    {"console", [&] {
                                         last = showInConsole(console);
                                         stall = std::max(stall, last.stall);

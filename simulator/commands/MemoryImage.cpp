@@ -53,10 +53,12 @@ std::optional<UnitMemory> memoryIn(const QByteArray& image)
         return std::nullopt;
     }
     UnitMemory memory;
-    for (const QJsonValue& message : entries["messages"].toArray()) {
+    const QJsonArray messages = entries["messages"].toArray();
+    for (const QJsonValue& message : messages) {
         memory.messages.append({message["title"].toString(), message["size"].toInt()});
     }
-    for (const QJsonValue& scenario : entries["scenarios"].toArray()) {
+    const QJsonArray scenarios = entries["scenarios"].toArray();
+    for (const QJsonValue& scenario : scenarios) {
         memory.scenarios.append({scenario[0].toString(), scenario[1].toInt(), scenario[2].toInt(),
                                  scenario[3].toInt(), scenario[4].toInt()});
     }

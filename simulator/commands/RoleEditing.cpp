@@ -74,7 +74,8 @@ QJsonObject remove(Context& context, const QJsonObject& request)
 QVector<int> idsIn(const QJsonValue& array)
 {
     QJsonArray ids;
-    for (const QJsonValue& value : array.toArray()) {
+    const QJsonArray values = array.toArray();
+    for (const QJsonValue& value : values) {
         ids.append(value.isObject() ? value["id"] : value);
     }
     return fromArray(ids);

@@ -38,7 +38,7 @@ void setVersion(Unit& unit, const QString& version, const QDateTime& now)
 int UnitWork::percent(const QDateTime& now) const
 {
     const qint64 passed = std::max<qint64>(0, since.msecsTo(now));
-    return int(std::min<qint64>(100, passed / (10 * seconds)));
+    return int(std::min<qint64>(100, passed / (qint64(10) * seconds)));
 }
 
 UnitWork beginWork(Unit& unit, int seconds)

@@ -126,10 +126,10 @@ void Program::joinView()
     Data::tcpClient.setReadHook(gather);
     playbackUpdater.setUpdateHook(gather);
     Data::tcpClient.setSessionEndHook([this] { endSession(); });
-    memoryImageHooks().arrived = [this](const QString& name, const QString& base64) {
+    memoryImageHooks().arrived = [this](const QString& name, const QByteArray& base64) {
         webView.saveMemoryImage(name, base64);
     };
-    serverLogHooks().arrived = [this](const QString& date, const QString& text) {
+    serverLogHooks().arrived = [this](const QString& date, const QByteArray& text) {
         logFeed.take(date, text);
     };
     serverLogHooks().refused = [this](const QString& date) { logFeed.refuse(date); };

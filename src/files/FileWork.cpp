@@ -6,6 +6,13 @@
 #include <QFutureWatcher>
 #include <QtConcurrent>
 
+namespace
+{
+
+constexpr int pieceOfThrees = 3 * 256 * 1024; // bytes: three become four, without a rest
+
+} // namespace
+
 FileWork::FileWork()
 {
     pool.setMaxThreadCount(1);
@@ -16,9 +23,9 @@ FileWork::~FileWork()
     pool.waitForDone();
 }
 
-void FileWork::start(std::function<QString()> work, std::function<void(const QString&)> done)
+void FileWork::start(std::function<QByteArray()> work, std::function<void(const QByteArray&)> done)
 {
-    auto* const watcher = new QFutureWatcher<QString>(this);
+    auto* const watcher = new QFutureWatcher<QByteArray>(this);
     connect(watcher, &QFutureWatcherBase::finished, this,
             [this, watcher, asked = session, done = std::move(done)] {
                 watcher->deleteLater();
@@ -29,19 +36,27 @@ void FileWork::start(std::function<QString()> work, std::function<void(const QSt
     watcher->setFuture(QtConcurrent::run(&pool, std::move(work)));
 }
 
-QString FileWork::readEncoded(const QString& path)
+QByteArray FileWork::readEncoded(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() > longestFile) {
         return {};
     }
-    const QByteArray encoded = file.readAll().toBase64();
-    return file.error() == QFile::NoError ? QString::fromLatin1(encoded) : QString();
+    QByteArray encoded("");
+    encoded.reserve(static_cast<int>((file.size() + 2) / 3 * 4));
+    while (encoded.size() / 4 * 3 < longestFile) {
+        const QByteArray piece = file.read(pieceOfThrees);
+        if (piece.isEmpty()) {
+            break;
+        }
+        encoded += piece.toBase64();
+    }
+    return file.error() == QFile::NoError && file.atEnd() ? encoded : QByteArray();
 }
 
-bool FileWork::writeDecoded(const QString& path, const QString& base64)
+bool FileWork::writeDecoded(const QString& path, QByteArray base64)
 {
     const auto decoded = QByteArray::fromBase64Encoding(
-        base64.toLatin1(), QByteArray::Base64Encoding | QByteArray::AbortOnBase64DecodingErrors);
+        std::move(base64), QByteArray::Base64Encoding | QByteArray::AbortOnBase64DecodingErrors);
     return decoded && SafeFile::replace(path, *decoded, "An image can't be written: ");
 }

@@ -20,15 +20,16 @@ public:
     ~FileWork() override;
 
     /// Runs `work`, and tells `done` its result in the main thread, unless the session has ended.
-    void start(std::function<QString()> work, std::function<void(const QString&)> done);
+    void start(std::function<QByteArray()> work, std::function<void(const QByteArray&)> done);
     /// The session has ended.
     void stop() { ++session; }
 
-    /// The content of a file as base64; a null text for one that can't be read, or is too long.
-    static QString readEncoded(const QString& path);
+    /// The content of a file as base64, read in pieces; null for one that can't be read, or is too
+    /// long.
+    static QByteArray readEncoded(const QString& path);
     /// Writes a decoded text beside the file and moves it into its place; false, and no half file,
     /// where text or disk don't allow it.
-    static bool writeDecoded(const QString& path, const QString& base64);
+    static bool writeDecoded(const QString& path, QByteArray base64);
 
 private:
     QThreadPool pool;

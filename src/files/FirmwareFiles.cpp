@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QtEndian>
 
 namespace
 {
@@ -38,8 +39,8 @@ int unsignedByte(const QByteArray& head, int offset)
 /// Both bytes signed, their sum taken as an unsigned number of 16 bits.
 int lowFirst(const QByteArray& head, int offset)
 {
-    const int low = static_cast<signed char>(head.at(offset));
-    const int high = static_cast<signed char>(head.at(offset + 1));
+    const qint8 low = qFromBigEndian<qint8>(head.constData() + offset);
+    const qint8 high = qFromBigEndian<qint8>(head.constData() + offset + 1);
     return static_cast<quint16>(low + 256 * high);
 }
 

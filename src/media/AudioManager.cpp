@@ -63,7 +63,7 @@ void AudioManager::part()
     release();
 }
 
-void AudioManager::start(QJsonObject reply)
+void AudioManager::start(const QJsonObject& reply)
 {
     Log::message("Translation start");
     setPlayed(false);

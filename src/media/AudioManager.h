@@ -26,7 +26,7 @@ public:
 
     /// Streams to the port that the reply names, from the stored input, in place of a stream that
     /// runs. Where that fails the server is asked to end the broadcast it has begun.
-    void start(QJsonObject reply);
+    void start(const QJsonObject& reply);
     /// Ends the stream, and tells the page.
     void stop();
     /// Lets the operator hear the input `device`.

@@ -95,11 +95,20 @@ OutgoingMessage NetworkParser::writeJson(const Request& request)
     message.insert(QStringLiteral("action"), command);
     message.insert(QStringLiteral("order"), orderCounter);
     const Cause replyCauses = asksOnly(command) ? Cause::Console : request.cause;
-    QByteArray text = QJsonDocument(message).toJson();
+    const bool hasContent = !request.attachment.base64.isEmpty();
+    if (!hasContent && !request.attachment.name.isEmpty()) {
+        message.insert(request.attachment.name, QString());
+    }
+    OutgoingMessage outgoing{QJsonDocument(message).toJson(), protocol.getName(), command};
+    if (hasContent) {
+        outgoing.text.chop(int(qstrlen("\n}\n")));
+        outgoing.text += ",\n    \"" % request.attachment.name.toUtf8() % "\": \"";
+        outgoing.attachment = request.attachment.base64;
+    }
     packets.emplace(orderCounter, PacketInfo{request.protocolId, request.commandId,
                                              withoutLongTexts(std::move(message)), replyCauses});
     ++orderCounter;
-    return {std::move(text), protocol.getName(), command};
+    return outgoing;
 }
 
 QByteArray NetworkParser::acknowledgement(int order)
@@ -115,8 +124,9 @@ void NetworkParser::reset()
     packets.clear();
 }
 
-IncomingMessage NetworkParser::read(const QByteArray& text)
+IncomingMessage NetworkParser::read(QByteArray text)
 {
+    LongTexts texts = text.size() > largeObjectSize ? takeLongTexts(text) : LongTexts();
     QJsonParseError error{};
     QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (error.error == QJsonParseError::IllegalUTF8String) {
@@ -124,13 +134,21 @@ IncomingMessage NetworkParser::read(const QByteArray& text)
         document = QJsonDocument::fromJson(QString::fromUtf8(text).toUtf8(), &error);
     }
     if (document.isObject()) {
-        return {document.object(), {}};
+        return {document.object(), {}, std::move(texts)};
     }
-    return {{}, QStringLiteral("%1 bytes: %2").arg(text.size()).arg(error.errorString())};
+    return {{}, QStringLiteral("%1 bytes: %2").arg(text.size()).arg(error.errorString()), {}};
+}
+
+std::optional<QByteArray> NetworkParser::takeLongText(const QString& name)
+{
+    const auto text = longTexts ? longTexts->find(name) : LongTexts::iterator();
+    return longTexts && text != longTexts->end() ? std::optional(std::exchange(text->second, {}))
+                                                 : std::nullopt;
 }
 
 void NetworkParser::handle(IncomingMessage& message)
 {
+    const QScopedValueRollback<LongTexts*> texts(longTexts, &message.longTexts);
     if (!message.problem.isEmpty()) {
         Log::dropped(QStringLiteral("Dropped message of ") + message.problem);
     } else if (message.object.value(QLatin1String("request")).isString()) {

@@ -23,6 +23,7 @@ struct Request {
     int commandId = 0;
     QJsonObject fields{};
     Cause cause = Cause::Operator;
+    Attachment attachment{};
 };
 
 /// What is remembered of a sent request until its reply has come.
@@ -36,7 +37,8 @@ struct PacketInfo {
 /// One object of the stream, read but not yet handled.
 struct IncomingMessage {
     QJsonObject object;
-    QString problem; ///< why it is none; empty for an object
+    QString problem;     ///< why it is none; empty for an object
+    LongTexts longTexts; ///< what has been left out of a large one
 };
 
 /// Numbers the outgoing requests, remembers them, tells replies from pushes, and gives each to its
@@ -85,8 +87,11 @@ public:
     /// The text of the acknowledgement of a push.
     static QByteArray acknowledgement(int order);
 
+    /// An object of more bytes than this is large.
+    static constexpr int largeObjectSize = 1024 * 1024;
+
     /// Reads the text of one object. May be called in any thread.
-    static IncomingMessage read(const QByteArray& text);
+    static IncomingMessage read(QByteArray text);
     /// Handles one object of the stream. What is no object, neither reply nor push, or a reply to
     /// nothing, changes nothing and is told in the log.
     void handle(IncomingMessage& message);
@@ -96,6 +101,10 @@ public:
         IncomingMessage message = read(text);
         handle(message);
     }
+
+    /// Takes the long text of that name out of the message whose handler is running; nothing where
+    /// it has none.
+    std::optional<QByteArray> takeLongText(const QString& name);
 
     /// Forgets all requests and starts again at order 0.
     void reset();
@@ -124,6 +133,7 @@ private:
     QString packetPrefix = QStringLiteral("order");
     std::map<int, PacketInfo> packets;
     std::optional<Handling> handling;
+    LongTexts* longTexts = nullptr; ///< of the message that is being handled
     std::function<void(const QByteArray&)> writeAcknowledgement;
     Hook handlePush;
     std::function<void()> onForbidden;

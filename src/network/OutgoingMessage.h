@@ -1,5 +1,7 @@
 #pragma once
 
+#include "network/LongTexts.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -18,7 +20,13 @@ struct OutgoingMessage {
     {
     }
 
-    QByteArray text;
+    /// The whole text, for traces and tests.
+    QByteArray whole() const { return attachment.isEmpty() ? text : text + attachment + closing; }
+
+    static constexpr const char* closing = "\"\n}\n"; ///< behind an attachment
+
+    QByteArray text;       ///< up to the attachment, where there is one
+    QByteArray attachment; ///< base64
     QString protocol;
     QString command;
     bool expectsAnswer = false;

@@ -73,8 +73,12 @@ bool TcpClient::connectToServer(const QString& host, int port)
         parser->reset();
     }
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    socket->setReadBufferSize(readBufferSize);
     peerWatch.watch(socket.get());
     connect(socket.get(), &QSslSocket::readyRead, this, &TcpClient::readMessage);
+    // Queued: the socket doesn't tell of what is written while it tells of something.
+    connect(socket.get(), &QSslSocket::encryptedBytesWritten, this, &TcpClient::sendAttachment,
+            Qt::QueuedConnection);
     connect(socket.get(), &QSslSocket::disconnected, this, &TcpClient::connectionLost);
     connect(socket.get(), &QSslSocket::errorOccurred, socket.get(), [ssl = socket.get()] {
         Log::message(QStringLiteral("Connection: ") + ssl->errorString());
@@ -142,9 +146,10 @@ void TcpClient::write(const OutgoingMessage& message)
     scheduleWriting();
 }
 
-void TcpClient::request(int protocolId, int commandId, const QJsonObject& fields)
+void TcpClient::request(int protocolId, int commandId, const QJsonObject& fields,
+                        const Attachment& attachment)
 {
-    const Request request{protocolId, commandId, fields, parser->currentCause()};
+    const Request request{protocolId, commandId, fields, parser->currentCause(), attachment};
     if (socket && request.cause == Cause::Console) {
         waiting.push_back(request);
         scheduleWriting();
@@ -157,7 +162,7 @@ QVector<QByteArray> TcpClient::queuedMessages() const
 {
     QVector<QByteArray> texts;
     for (const OutgoingMessage& message : messages) {
-        texts.append(message.text);
+        texts.append(message.whole());
     }
     return texts;
 }
@@ -192,7 +197,8 @@ void TcpClient::writeMessage()
 {
     // Asked each time: a write may find that the connection has gone.
     const auto connected = [this] { return socket && socket->isEncrypted(); };
-    while (connected() && waitingAnswers == 0 && (!messages.empty() || enterWaiting())) {
+    while (connected() && leaving.isEmpty() && waitingAnswers == 0 &&
+           (!messages.empty() || enterWaiting())) {
         const OutgoingMessage message = std::move(messages.front());
         messages.pop_front();
         send(message);
@@ -212,6 +218,30 @@ void TcpClient::send(const OutgoingMessage& message)
     socket->flush();
     peerWatch.dataWritten();
     logSent(message); // while it is on its way: the server needn't wait for that
+    leaving = message.attachment;
+    leavingAt = 0;
+    sendAttachment();
+}
+
+/// The socket encrypts what it is given at once, and keeps a copy: so it gets a piece at a time.
+void TcpClient::sendAttachment()
+{
+    if (leaving.isEmpty() || socket->bytesToWrite() > 0 || socket->encryptedBytesToWrite() > 0) {
+        return;
+    }
+    const QScopedValueRollback<bool> inSend(sending, true);
+    const int piece = qMin(attachmentPiece, leaving.size() - leavingAt);
+    const QByteArray held = leaving; // the write may find that the connection has gone
+    leavingAt += piece;
+    const bool isLast = leavingAt == held.size();
+    socket->write(held.constData() + leavingAt - piece, piece);
+    if (isLast) {
+        leaving.clear();
+        socket->write(OutgoingMessage::closing);
+        scheduleWriting();
+    }
+    socket->flush();
+    peerWatch.dataWritten();
 }
 
 void TcpClient::logSent(const OutgoingMessage& message)
@@ -224,6 +254,10 @@ void TcpClient::logSent(const OutgoingMessage& message)
     }
     if (Log::isWritten(LogLevel::Debug)) {
         Log::message(redacted(message.text), LogLevel::Debug);
+        if (!message.attachment.isEmpty()) {
+            Log::message(QStringLiteral("With %1 bytes").arg(message.attachment.size()),
+                         LogLevel::Debug);
+        }
         if (message.expectsAnswer) {
             Log::message("Waiting for answer", LogLevel::Debug);
         }
@@ -339,7 +373,7 @@ void TcpClient::received(const QByteArray& text)
     if (!parser) {
         return;
     }
-    if (text.size() > largeObjectSize) {
+    if (text.size() > NetworkParser::largeObjectSize) {
         readAside(text);
     } else {
         parser->parse(text);
@@ -375,6 +409,7 @@ void TcpClient::close()
     ++connectionCount;
     messages.clear();
     waiting.clear();
+    leaving.clear();
     splitter.clear();
     isReadingAside = false;
     readObject.reset();

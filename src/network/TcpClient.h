@@ -38,8 +38,11 @@ class TcpClient : public QObject
 public:
     static constexpr int encryptedTimeoutMilliseconds = 3000;
     static constexpr int connectedTimeoutMilliseconds = 10000;
-    /// An object of more bytes than this is read off the main thread.
-    static constexpr int largeObjectSize = 1024 * 1024;
+    /// The socket is given an attachment in pieces of so many bytes, each once the last has left
+    /// it.
+    static constexpr int attachmentPiece = 256 * 1024;
+    /// Bytes that the socket decrypts ahead: what a turn of the event loop costs of a large object.
+    static constexpr int readBufferSize = 1024 * 1024;
     /// After so long the objects that have come in a flood make room for other events.
     static constexpr int readingTurnMilliseconds = 20;
 
@@ -70,8 +73,10 @@ public:
     /// Queues one message.
     void write(const OutgoingMessage& message);
     /// Queues a request, or lets it wait where it belongs to the console's own reading. `fields`
-    /// are the command's own. Without a connection nothing waits.
-    void request(int protocolId, int commandId, const QJsonObject& fields);
+    /// are the command's own. Without a connection nothing waits. Nothing overtakes an attachment
+    /// that is leaving.
+    void request(int protocolId, int commandId, const QJsonObject& fields,
+                 const Attachment& attachment = {});
     /// While the session end hook runs: whether the connection has gone by itself.
     bool hasLostConnection() const { return lostConnection; }
 
@@ -98,6 +103,7 @@ private:
     void scheduleWriting();
     bool enterWaiting();
     void send(const OutgoingMessage& message);
+    void sendAttachment();
     static void logSent(const OutgoingMessage& message);
     void scheduleReading();
     void gatherLog();
@@ -120,6 +126,8 @@ private:
     QTimer writeTimer{this};
     JsonStreamSplitter splitter;
     int waitingAnswers = 0;
+    QByteArray leaving;      ///< the attachment that is being written; empty without one
+    int leavingAt = 0;       ///< how much of it the socket has been given
     int connectionCount = 0; ///< tells a read whose connection has ended while it was handled
     bool writingScheduled = false;
     bool sending = false;

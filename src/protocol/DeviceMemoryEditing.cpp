@@ -164,7 +164,7 @@ void protocolDeviceCommandUploadImage(const QJsonObject& reply)
 
 void protocolDeviceCommandDownloadImage(const QJsonObject& reply)
 {
-    const auto image = Fields::text(reply, "image");
+    const auto image = takeText(reply, "image");
     if (succeeded(reply) && image && memoryImageHooks().arrived) {
         memoryImageHooks().arrived(Fields::text(request(reply), "fileName").value_or(QString()),
                                    *image);

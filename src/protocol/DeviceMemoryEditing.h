@@ -9,7 +9,7 @@
 /// nothing.
 struct MemoryImageHooks {
     /// The name that the operator has given it, and the image as base64.
-    std::function<void(const QString& name, const QString& base64)> arrived;
+    std::function<void(const QString& name, const QByteArray& base64)> arrived;
 };
 
 /// The installed hooks.

@@ -7,6 +7,7 @@
 #include "protocol/Commands.h"
 #include "protocol/Protocols.h"
 #include "protocol/Reply.h"
+#include "protocol/Request.h"
 
 #include <algorithm>
 
@@ -82,7 +83,7 @@ void protocolLogCommandList(const QJsonObject& reply)
 void protocolLogCommandGetServerLog(const QJsonObject& reply)
 {
     const QString date = request(reply).value(QLatin1String("date")).toString();
-    const auto text = Fields::text(reply, "logFile");
+    const auto text = takeText(reply, "logFile");
     const ServerLogHooks& hooks = serverLogHooks();
     if (succeeded(reply) && text && hooks.arrived) {
         hooks.arrived(date, *text);

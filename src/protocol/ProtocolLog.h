@@ -8,8 +8,8 @@
 /// What a day's log of the server causes. Installed once at start; a hook that isn't set does
 /// nothing.
 struct ServerLogHooks {
-    /// The log of a day has come, whole.
-    std::function<void(const QString& date, const QString& text)> arrived;
+    /// The log of a day has come, whole, in UTF-8 as far as it is sound.
+    std::function<void(const QString& date, const QByteArray& text)> arrived;
     /// The server doesn't give it.
     std::function<void(const QString& date)> refused;
 };

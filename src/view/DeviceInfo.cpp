@@ -65,13 +65,13 @@ void showPlaying(const Device& device)
     const QString nothing = QStringLiteral("--");
     const int category = device.getPlaybackCategory();
     Page::call("deviceInfo_changePlaying", device.getId(), device.getPlaybackGroupId());
-    if (category == PlaybackCategory::None) {
-        showSource(nothing, nothing);
-    } else if ((category < 0 || !showPlaybackTitles(device)) && !device.showCategoryTitles()) {
+    const bool isPlaying = category != PlaybackCategory::None;
+    const bool isTold =
+        isPlaying && ((category > 0 && showPlaybackTitles(device)) || device.showCategoryTitles());
+    if (!isTold) {
         showSource(nothing, nothing);
     }
-    const bool hasTask =
-        category != PlaybackCategory::None && Data::getTaskById(device.getTaskId()) != nullptr;
+    const bool hasTask = isPlaying && Data::getTaskById(device.getTaskId()) != nullptr;
     device.showTask(hasTask ? device.getTaskId() : 0);
 }
 

@@ -2,6 +2,7 @@
 
 #include "log/Log.h"
 #include "page/ScriptCall.h"
+#include "view/SlotLog.h"
 
 #include <QNetworkDatagram>
 #include <QNetworkInterface>
@@ -22,7 +23,7 @@ Discovery::Discovery()
 
 void Discovery::find()
 {
-    Log::message("login_findServer");
+    const SlotLog log("login_findServer");
     if (socket.state() != QAbstractSocket::BoundState &&
         !socket.bind(QHostAddress::AnyIPv4, announcementPort,
                      QAbstractSocket::ShareAddress | QAbstractSocket::ReuseAddressHint)) {
@@ -40,7 +41,7 @@ void Discovery::find()
 
 void Discovery::found()
 {
-    Log::message("login_serverFound");
+    const SlotLog log("login_serverFound");
     const QNetworkDatagram datagram = socket.receiveDatagram();
     Page::call("wrapperInput_login_setIp", datagram.senderAddress().toString());
     stop();

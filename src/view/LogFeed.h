@@ -16,15 +16,15 @@ public:
     void expect(const QString& date);
     /// Nothing is waited for any more.
     void stop();
-    void take(const QString& date, const QString& logFile);
+    void take(const QString& date, const QByteArray& logFile);
     void refuse(const QString& date);
 
 private:
     void showPiece();
     void end();
 
-    QString wanted; ///< the day; null while none is waited for
-    QString text;
-    int shown = 0; ///< characters that the page has
+    QString wanted;  ///< the day; null while none is waited for
+    QByteArray text; ///< in UTF-8; what isn't becomes U+FFFD
+    int shown = 0;   ///< bytes that the page has
     QTimer pieces;
 };

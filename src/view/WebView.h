@@ -51,7 +51,7 @@ public:
     /// once the page has come, too.
     void loginCompleted();
     /// Keeps the image of a unit's memory in the client's folder, and says how that went.
-    void saveMemoryImage(const QString& name, const QString& base64);
+    void saveMemoryImage(const QString& name, const QByteArray& base64);
 
 public Q_SLOTS:
     // Frame: WebView.cpp

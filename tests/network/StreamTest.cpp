@@ -1,6 +1,8 @@
 #include "app/Data.h"
+#include "network/LongTexts.h"
 #include "network/NetworkParser.h"
 #include "network/TcpClient.h"
+#include "protocol/ProtocolLog.h"
 #include "protocol/Request.h"
 #include "support/SessionFixture.h"
 #include "support/TestServer.h"
@@ -59,6 +61,9 @@ private Q_SLOTS:
     void dropsAreToldTogether();
     void largeObjectIsReadAside();
     void sessionEndDropsWhatIsReadAside();
+    void filesTravelBesideTheirFields();
+    void longTextsAreTakenOut_data();
+    void longTextsAreTakenOut();
     void serverThatDoesNotReadFreezesNothing();
 };
 
@@ -173,10 +178,70 @@ void StreamTest::sessionEndDropsWhatIsReadAside()
     server.send(QJsonObject{{QStringLiteral("request"), QStringLiteral("helper")},
                             {QStringLiteral("order"), 3}});
     QTRY_COMPARE(server.receivedNames().last(), QStringLiteral("ack 3"));
-    server.sendRaw(pushOfSize(4, TcpClient::largeObjectSize));
+    server.sendRaw(pushOfSize(4, NetworkParser::largeObjectSize));
     QTRY_COMPARE(server.receivedNames().size(), 4);
     QCOMPARE(server.receivedNames().last(), QStringLiteral("ack 4"));
     QCOMPARE(session.log.lines().count(QStringLiteral("Input packet: ")), 2);
+}
+
+/// A file goes out whole and comes in whole, in the same object as its small fields; nothing gets
+/// between its pieces, and no text of it stands in what the reply's handler is given.
+void StreamTest::filesTravelBesideTheirFields()
+{
+    const QByteArray base64 = QByteArray(3 * 1000 * 1000, 'Q') + "==";
+    const QByteArray log = QByteArray("\\u0416 \\\"\\\\\\n").repeated(100 * 1000);
+    TestServer server;
+    SessionFixture session;
+    QVERIFY(session.connectTo(server));
+    QByteArray arrived;
+    serverLogHooks().arrived = [&](const QString&, const QByteArray& text) { arrived = text; };
+    send(DeviceCommand::UploadImage, {{QStringLiteral("id"), 5}},
+         {QStringLiteral("image"), base64});
+    server.sendRaw(pushOfSize(7, 1));
+    QTRY_COMPARE(server.receivedNames(),
+                 (QStringList{QStringLiteral("device/uploadImage 0"), QStringLiteral("ack 7")}));
+    const QJsonObject sent = server.received().first();
+    QCOMPARE(sent.value(QLatin1String("image")).toString().toLatin1(), base64);
+    QCOMPARE(sent.value(QLatin1String("id")).toInt(), 5);
+    send(LogCommand::GetServerLog, {{QStringLiteral("date"), QStringLiteral("today")}});
+    QTRY_COMPARE(server.receivedNames().size(), 3);
+    server.sendRaw(R"({"logFile":")" + log + R"(","order":1,"response":"success"})");
+    QTRY_COMPARE(arrived, QByteArray("\xD0\x96 \"\\\n").repeated(100 * 1000));
+    serverLogHooks() = {};
+}
+
+void StreamTest::longTextsAreTakenOut_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("after"); // null where the object stays as it was
+    const QByteArray x(longTextSize, 'x');
+    QTest::newRow("behind a name with a quote") << QByteArray(R"({"a\"b":")") << x + 'y' << x + 'y';
+    QTest::newRow("just not long") << QByteArray(R"({"a":")") << x << QByteArray();
+    QTest::newRow("in an object of its own")
+        << QByteArray(R"({"b":{"a":")") << x + 'y' << QByteArray();
+    QTest::newRow("all escapes") << QByteArray(R"({"a":")")
+                                 << x + R"(\"\\\/\b\f\n\r\t\u0041\ud83d\ude00)"
+                                 << x + "\"\\/\b\f\n\r\tA\xF0\x9F\x98\x80";
+    QTest::newRow("half a pair") << QByteArray(R"({"a":")") << x + R"(\ud83dz)" << x + "?z";
+    QTest::newRow("unknown escape") << QByteArray(R"({"a":")") << x + R"(\q)" << QByteArray();
+    QTest::newRow("cut escape") << QByteArray(R"({"a":")") << x + R"(\u12)" << QByteArray();
+    QTest::newRow("no UTF-8") << QByteArray(R"({"a":")") << x + '\xFF' << x + '\xFF';
+}
+
+void StreamTest::longTextsAreTakenOut()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, text);
+    QFETCH(QByteArray, after);
+    const QByteArray end = before.count('{') == 2 ? "\"}}" : R"(","c":"\u0041"})";
+    QByteArray json = before + text + end;
+    const LongTexts texts = takeLongTexts(json);
+    QCOMPARE(json, after.isNull() ? before + text + end : before + end);
+    QCOMPARE(int(texts.size()), after.isNull() ? 0 : 1);
+    if (!after.isNull()) {
+        QCOMPARE(texts.begin()->second, after);
+    }
 }
 
 void StreamTest::serverThatDoesNotReadFreezesNothing()

@@ -21,8 +21,8 @@ public:
     /// Whether a window with this title is on show; it gets the keyboard.
     bool focusWindow(const QString& title) const;
     void type(const QString& text) const { tell({"type", text}); }
-    /// One key by its X name, "Return".
-    void press(const QString& key) const { tell({"key", key}); }
+    /// Keys by their X names, "Tab shift+Tab Return".
+    void press(const QString& keys) const { tell(QStringList{"key"} + keys.split(' ')); }
     void click(const QPoint& place) const;
     QImage picture() const;
 

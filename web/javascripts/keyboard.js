@@ -70,5 +70,11 @@ const keyboard = (function () {
         }
     });
 
-    return {press: press};
+    // Puts the focus on what may not be a stop yet.
+    function focus(element) {
+        makeStops();
+        $(element).trigger("focus");
+    }
+
+    return {press: press, focus: focus};
 })();

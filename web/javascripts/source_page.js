@@ -67,10 +67,15 @@ function sourcePage(options) {
                 },
                 // Opens a folder; what was picked in another one is picked no longer.
                 playback_loadPlaylist: function (id) {
+                    const rows = $("#playlistTable tbody");
+                    const hadFocus = $.contains(rows[0], document.activeElement);
                     currentPlaylist = id;
                     currentTrack = 0;
-                    $("#playlistTable tbody").empty();
+                    rows.empty();
                     wrapper.playback_loadPlaybackWithPlaylist(id);
+                    if (hadFocus) {
+                        keyboard.focus(rows.children(":first"));
+                    }
                 },
                 // Opens one of the categories of the side menu.
                 selectPlaylist: function (id) {

@@ -93,15 +93,16 @@ void WebView::admin_addDeviceMessage(int id, const QString& title, const QString
         return;
     }
     fileWork.start([filePath] { return FileWork::readEncoded(filePath); },
-                   [id, title, size](const QString& text) {
+                   [id, title, size](const QByteArray& text) {
                        if (text.isNull()) {
                            Page::call("modalAdminAddDeviceMessageButtonUnblock");
                            Page::call("modalAdminFileError");
                        } else if (Data::getDeviceById(id)) {
-                           send(DeviceCommand::AddMessage, {{QStringLiteral("id"), id},
-                                                            {QStringLiteral("title"), title},
-                                                            {QStringLiteral("size"), size},
-                                                            {QStringLiteral("track"), text}});
+                           send(DeviceCommand::AddMessage,
+                                {{QStringLiteral("id"), id},
+                                 {QStringLiteral("title"), title},
+                                 {QStringLiteral("size"), size}},
+                                {QStringLiteral("track"), text});
                        }
                    });
 }
@@ -184,7 +185,7 @@ void WebView::admin_downloadDeviceMemory(int id, const QString& fileName)
     }
 }
 
-void WebView::saveMemoryImage(const QString& name, const QString& base64)
+void WebView::saveMemoryImage(const QString& name, const QByteArray& base64)
 {
     if (!Files::isPlainName(name + imageEnding)) {
         Log::message(QStringLiteral("No name for an image: ") + name);
@@ -195,9 +196,9 @@ void WebView::saveMemoryImage(const QString& name, const QString& base64)
     const QString path = imageFolder() + QLatin1Char('/') + name + imageEnding;
     fileWork.start(
         [path, base64] {
-            return FileWork::writeDecoded(path, base64) ? QStringLiteral("done") : QString();
+            return FileWork::writeDecoded(path, base64) ? QByteArray("done") : QByteArray();
         },
-        [](const QString& outcome) {
+        [](const QByteArray& outcome) {
             if (outcome.isNull()) {
                 Page::call("modalAdminDeviceMemoryDownloadHide");
                 Page::call("modalAdminFileError");
@@ -221,13 +222,13 @@ void WebView::admin_uploadDeviceMemory(int id, const QString& fileName)
     Page::call("modalAdminDeviceMemoryUpload");
     const QString path = imageFolder() + QLatin1Char('/') + fileName;
     fileWork.start([path] { return FileWork::readEncoded(path); },
-                   [id](const QString& text) {
+                   [id](const QByteArray& text) {
                        if (text.isNull()) {
                            Page::call("modalAdminDeviceMemoryUploadHide");
                            Page::call("modalAdminFileError");
                        } else if (Data::getDeviceById(id)) {
-                           send(DeviceCommand::UploadImage,
-                                {{QStringLiteral("id"), id}, {QStringLiteral("image"), text}});
+                           send(DeviceCommand::UploadImage, {{QStringLiteral("id"), id}},
+                                {QStringLiteral("image"), text});
                        }
                    });
 }

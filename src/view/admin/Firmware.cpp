@@ -40,10 +40,9 @@ void tellAllFailed(const QList<int>& ids)
     }
 }
 
-void upgrade(const QList<int>& ids, const QString& key, const QString& value)
+QJsonObject forUnits(const QList<int>& ids)
 {
-    send(DeviceCommand::UpgradeFirmware,
-         {{QStringLiteral("ids"), PlayFields::idArray(ids.toVector())}, {key, value}});
+    return {{QStringLiteral("ids"), PlayFields::idArray(ids.toVector())}};
 }
 
 } // namespace
@@ -80,22 +79,25 @@ void WebView::admin_updateDevice(int number, const QList<int>& ids, int type)
         return;
     }
     if (type == ofServer) {
-        upgrade(ids, QStringLiteral("fileName"), name);
+        QJsonObject fields = forUnits(ids);
+        fields.insert(QStringLiteral("fileName"), name);
+        send(DeviceCommand::UpgradeFirmware, fields);
         return;
     }
     const QString path = firmwareFolder() + QLatin1Char('/') + name;
-    fileWork.start([path] { return FileWork::readEncoded(path); },
-                   [ids, name](const QString& text) {
-                       if (text.isNull()) {
-                           tellAllFailed(ids);
-                           Page::call("modalAdminFileError");
-                           return;
-                       }
-                       Log::message(QStringLiteral("File size: %1").arg(text.size()));
-                       send(DeviceCommand::SaveFirmware, {{QStringLiteral("fileName"), name},
-                                                          {QStringLiteral("firmware"), text}});
-                       upgrade(ids, QStringLiteral("firmware"), text);
-                   });
+    fileWork.start(
+        [path] { return FileWork::readEncoded(path); },
+        [ids, name](const QByteArray& text) {
+            if (text.isNull()) {
+                tellAllFailed(ids);
+                Page::call("modalAdminFileError");
+                return;
+            }
+            Log::message(QStringLiteral("File size: %1").arg(text.size()));
+            const Attachment image{QStringLiteral("firmware"), text};
+            send(DeviceCommand::SaveFirmware, {{QStringLiteral("fileName"), name}}, image);
+            send(DeviceCommand::UpgradeFirmware, forUnits(ids), image);
+        });
 }
 
 void WebView::admin_updateDeviceInfo(const QList<int>& ids)
