@@ -8,14 +8,13 @@ namespace
 constexpr qint64 chunkBytes = 1024;              // as the servers are built for
 constexpr int bufferBytes = 1024;                // of the socket
 constexpr unsigned long sleepMicroseconds = 100; // behind each chunk
-constexpr int patienceMilliseconds = 30000;
 constexpr int pictureMilliseconds = 16;
 
 } // namespace
 
 FileSender::FileSender(const QString& filePath, qint64 announcedSize, const QString& server,
-                       quint16 serverPort)
-    : path(filePath), size(announcedSize), address(server), port(serverPort)
+                       quint16 serverPort, std::chrono::milliseconds patience)
+    : path(filePath), size(announcedSize), address(server), port(serverPort), longestWait(patience)
 {
 }
 
@@ -23,10 +22,10 @@ void FileSender::start()
 {
     file = new QFile(path, this);
     socket = new QTcpSocket(this);
-    patience = new QTimer(this);
-    patience->setSingleShot(true);
-    patience->setInterval(patienceMilliseconds);
-    connect(patience, &QTimer::timeout, this, [this] { fail("the server takes no bytes"); });
+    waiting = new QTimer(this);
+    waiting->setSingleShot(true);
+    waiting->setInterval(longestWait);
+    connect(waiting, &QTimer::timeout, this, [this] { fail("the server takes no bytes"); });
     connect(socket, &QTcpSocket::connected, this, [this] {
         // Only a socket that the system knows has a buffer; binding it first would take a port that
         // the file before may still hold.
@@ -45,7 +44,7 @@ void FileSender::start()
         problemText = file->errorString(); // the server is told by the end of the connection
     }
     sinceShown.start();
-    patience->start();
+    waiting->start();
     socket->connectToHost(address, port);
 }
 
@@ -75,7 +74,7 @@ void FileSender::sendChunk()
 
 void FileSender::taken(qint64 bytes)
 {
-    patience->start();
+    waiting->start();
     handedOver += bytes;
     const int percent = size > 0 ? static_cast<int>(100 * handedOver / size) : 100;
     if (percent != shownPercent && sinceShown.elapsed() >= pictureMilliseconds) {
@@ -104,8 +103,8 @@ void FileSender::end()
 {
     if (!isOver) {
         isOver = true;
-        if (patience) {
-            patience->stop();
+        if (waiting) {
+            waiting->stop();
         }
         Q_EMIT finished(problemText);
     }

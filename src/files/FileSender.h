@@ -6,9 +6,11 @@
 #include <QTcpSocket>
 #include <QTimer>
 
+#include <chrono>
+
 /// Sends one file over a connection of its own, and nothing else, in a thread of its own. The next
 /// chunk is written when the last has left, with a short sleep between: the pace that the servers
-/// are built for. On any error, and after thirty seconds in which the server has taken nothing, it
+/// are built for. On any error, and after `patience` in which the server has taken nothing, it
 /// closes; what has arrived is for the server to judge.
 class FileSender : public QObject
 {
@@ -16,7 +18,8 @@ class FileSender : public QObject
 public:
     /// `size` in bytes is what has been announced: no more is sent, also of a file that grows.
     FileSender(const QString& filePath, qint64 announcedSize, const QString& server,
-               quint16 serverPort);
+               quint16 serverPort,
+               std::chrono::milliseconds patience = std::chrono::seconds(30));
 
 public Q_SLOTS:
     void start();
@@ -40,6 +43,7 @@ private:
     qint64 size;
     QString address;
     quint16 port;
+    std::chrono::milliseconds longestWait;
     QString problemText;
     qint64 written = 0;
     qint64 handedOver = 0;
@@ -49,5 +53,5 @@ private:
     // Made in the thread that they work in.
     QFile* file = nullptr;
     QTcpSocket* socket = nullptr;
-    QTimer* patience = nullptr;
+    QTimer* waiting = nullptr;
 };

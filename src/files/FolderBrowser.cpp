@@ -34,7 +34,7 @@ Remembered remembered(const QString& type)
 void appendFolders(QVector<FolderBrowser::Entry>& entries, const QDir& folder)
 {
     const QFileInfoList found = folder.entryInfoList(
-        {"*"}, QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Unsorted);
+        {"*"}, QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
     for (int index = 0; index < found.size() && index <= lastFolderIndex; ++index) {
         const QFileInfo& info = found.at(index);
         if (!info.isHidden() && info.permissions() != 0) {
@@ -44,11 +44,12 @@ void appendFolders(QVector<FolderBrowser::Entry>& entries, const QDir& folder)
     }
 }
 
-/// The name always ends in small letters, whatever the disk has.
+/// The name always ends in small letters, whatever the disk has. A folder of such a name stands here
+/// too.
 void appendFiles(QVector<FolderBrowser::Entry>& entries, const QDir& folder)
 {
-    const QFileInfoList found =
-        folder.entryInfoList({"*.mp3"}, QDir::Files | QDir::NoDotAndDotDot, QDir::Unsorted);
+    const QFileInfoList found = folder.entryInfoList(
+        {"*.mp3"}, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
     for (const QFileInfo& info : found) {
         entries.append({info.completeBaseName() + ".mp3", info.absoluteFilePath(), info.size(), 0});
     }

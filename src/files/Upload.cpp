@@ -65,6 +65,7 @@ void Upload::uploadList(int parent, const QStringList& paths)
 
 void Upload::finishEarly()
 {
+    endsEarly = true;
     const int kept = isClosing ? 0 : 1;
     if (listForUpload.size() > kept) {
         listForUpload.resize(kept);
@@ -102,6 +103,7 @@ void Upload::loadStart()
 {
     Log::message("FileLoadStart");
     isUploading = true;
+    endsEarly = false;
     const Uploads item = listForUpload.first();
     const QFileInfo info(item.path);
     if (info.isFile()) {
@@ -164,20 +166,26 @@ bool Upload::dropsBatch(const QJsonObject& reply)
         dialog = "modalAdminPortBusy";
     } else if (response(reply) == QLatin1String("fileNameExist")) {
         dialog = "modalAdminTrackNameExist";
-    } else if (response(reply) == QLatin1String("forbidden")) {
-        openDialog();
-        refuse(askedTitle(reply));
-        listForUpload.clear();
-        endBatch();
-        return true;
+    } else {
+        return lacksRight(reply);
     }
-    if (dialog) {
-        showCount(1);
-        Page::call(dialog);
-        listForUpload.clear();
-        endBatch();
+    showCount(1);
+    Page::call(dialog);
+    listForUpload.clear();
+    endBatch();
+    return true;
+}
+
+bool Upload::lacksRight(const QJsonObject& reply)
+{
+    if (!Forbidden::isAnswer(reply)) {
+        return false;
     }
-    return dialog != nullptr;
+    openDialog();
+    refuse(askedTitle(reply));
+    listForUpload.clear();
+    endBatch();
+    return true;
 }
 
 void Upload::transfer(const QJsonObject& reply)
@@ -220,7 +228,7 @@ void Upload::fileClosed(const QJsonObject& reply)
     }
     isClosing = false;
     if (!succeeded(reply)) {
-        refuse({});
+        turnRed();
         if (Forbidden::isAnswer(reply)) {
             listForUpload.clear();
         }
@@ -240,9 +248,9 @@ void Upload::folderMade(const QJsonObject& reply)
         return;
     }
     const auto id = succeeded(reply) ? Fields::integer(reply, "newId") : std::nullopt;
-    if (id) {
+    if (id && !endsEarly) {
         uploadDirectory(*id, request(reply).value(QLatin1String("fullPath")).toString());
-    } else if (!dropsBatch(reply)) {
+    } else if (!id && !lacksRight(reply)) {
         openDialog();
         refuse(askedTitle(reply));
     }
@@ -251,9 +259,12 @@ void Upload::folderMade(const QJsonObject& reply)
 
 void Upload::refuse(const QString& title)
 {
-    if (!title.isNull()) {
-        Page::call("wrapperInput_playback_addLoadingTrack", currentTrackId, title);
-    }
+    Page::call("wrapperInput_playback_addLoadingTrack", currentTrackId, title);
+    turnRed();
+}
+
+void Upload::turnRed()
+{
     Page::call("wrapperInput_playback_errorLoadingTrack", currentTrackId);
     ++currentTrackId;
 }

@@ -22,7 +22,7 @@ public:
     void join();
     /// Appends files and folders for a playlist; begins a batch where none is under way.
     void uploadList(int parent, const QStringList& paths);
-    /// The file in work is finished, the rest dropped.
+    /// The file in work is finished, the rest dropped; of a folder in work only the folder is made.
     void finishEarly();
     /// The session has ended: the transfer ends at once, the queue is empty.
     void stop();
@@ -43,8 +43,9 @@ private:
     void loadEnd(const QJsonObject& announced, const QString& problem);
     void fileClosed(const QJsonObject& reply);
     void folderMade(const QJsonObject& reply);
-    /// The item in work turns red. Its title is empty where it has a row already.
+    /// The item in work gets its row, and turns red.
     void refuse(const QString& title);
+    void turnRed();
     /// Shows how far the batch has come, at so many items behind the current one.
     void showCount(int behind);
     void openDialog();
@@ -52,12 +53,15 @@ private:
     void loadNext();
     void goOn();
     void endBatch();
-    /// The words that end a batch: whether this reply has one of them.
+    /// Whether the server has refused what drops the rest of a batch: a right that is missing, and
+    /// with a file the words that have a dialog of their own.
     bool dropsBatch(const QJsonObject& reply);
+    bool lacksRight(const QJsonObject& reply);
 
     QVector<Uploads> listForUpload; ///< entry 0 is in work
     int currentTrackId = 0; ///< files of this batch that are done; the row of the one in work
     bool isUploading = false;
+    bool endsEarly = false; ///< a folder in work doesn't get its files any more
     bool isClosing = false; ///< a file has been sent and waits for its end: entry 0 is the next one
     QThread thread;
     FileSender* sender = nullptr; ///< while bytes travel

@@ -32,9 +32,18 @@ class FolderBrowserView {
             },
             actions: {open: (id) => this.clicked(id), tick: (id) => this.tick(id)},
             tickable: (item) => !item.isUp,
-            changed: () => this.hint.toggle(this.rows.counts.all === 0),
+            changed: () => this.showEmpty(),
         });
         this.drives.on("change", () => options.open(this.drives.val(), this.drives.val()));
+    }
+
+    // Called for each row of what may be a very long list.
+    showEmpty() {
+        const isEmpty = this.rows.counts.all === 0;
+        if (isEmpty !== this.saysEmpty) {
+            this.saysEmpty = isEmpty;
+            this.hint.toggle(isEmpty);
+        }
     }
 
     paint(parts, item) {
@@ -78,7 +87,7 @@ class FolderBrowserView {
     }
 
     clear() {
-        this.rows.everyItem().forEach((item) => this.rows.remove(item.id));
+        this.rows.clear();
     }
 
     // What native code tells of.

@@ -78,6 +78,16 @@ class ItemList {
         this.options.changed();
     }
 
+    // Removes all items at once.
+    clear() {
+        this.view.clear();
+        this.items.clear();
+        this.passing = [];
+        this.active = null;
+        this.counts = {all: 0, shown: 0, ticked: 0, tickedHidden: 0};
+        this.options.changed();
+    }
+
     // A field of an item. What is known already, and what nobody sees, touches no element.
     set(id, field, value) {
         const item = this.get(id);

@@ -138,6 +138,12 @@ class ItemView {
         this.stop = this.stop === item ? null : this.stop;
     }
 
+    clear() {
+        this.present.forEach((item) => this.drop(item));
+        this.pressed = this.stop = this.revealing = null;
+        this.updateSoon();
+    }
+
     removed() {
         if (this.isLong || this.present.size < this.list.items.size) {
             this.updateSoon();

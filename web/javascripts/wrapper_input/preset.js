@@ -98,7 +98,7 @@
         wrapperInput_preset_clearDevices: function (id) {
             if (cardsByPreset.has(id)) {
                 const units = cardsByPreset.get(id).units;
-                units.everyItem().forEach((unit) => units.remove(unit.id));
+                units.clear();
             }
         },
         wrapperInput_preset_addDevice: function (presetId, id, name, category, volume, status) {

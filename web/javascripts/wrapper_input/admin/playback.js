@@ -61,10 +61,15 @@ playlistId = 0; // the folder on show, and the target of every addition
 
     let folders = null;
     let tracks = null;
+    let saysEmpty = null;
 
+    // Called for each row of what may be a very long list. The way up is no content, and the first row.
     function showEmpty() {
-        const isEmpty = folders && tracks && folders.everyItem().every((row) => row.isUp) && tracks.counts.all === 0;
-        $("#library_empty").toggleClass("hidden", !isEmpty);
+        const isEmpty = Boolean(folders && tracks) && tracks.counts.all === 0 && folders.counts.all <= 1 && (folders.counts.all === 0 || folders.first().isUp);
+        if (isEmpty !== saysEmpty) {
+            saysEmpty = isEmpty;
+            $("#library_empty").toggleClass("hidden", !isEmpty);
+        }
     }
 
     function opened(kind, id) {
@@ -79,10 +84,6 @@ playlistId = 0; // the folder on show, and the target of every addition
     tracks = rowList("track", "fa-file-audio-o");
     showEmpty();
 
-    function clear(list) {
-        list.everyItem().forEach((row) => list.remove(row.id));
-    }
-
     page({
         wrapper_AdminPlayback_selectPlaylist: function (id) {
             playlistId = id;
@@ -96,8 +97,8 @@ playlistId = 0; // the folder on show, and the target of every addition
             wrapper_AdminPlayback_selectPlaylist(id);
         },
         wrapperInput_playback_clearItems: function () {
-            clear(folders);
-            clear(tracks);
+            folders.clear();
+            tracks.clear();
         },
         wrapperInput_playback_addItem: function (id, parentId, name, type, duration) {
             if (playlistId === parentId) {

@@ -138,7 +138,7 @@
         wrapper_AdminDevice_loadList: () => wrapper.admin_loadDeviceForZonesList(),
         clearAdminZoneList: function () {
             zones.clear();
-            subZones.everyItem().forEach((zone) => subZones.remove(zone.id));
+            subZones.clear();
         },
         wrapperInput_zone_add: function (id, parentId, name, parentName, type) {
             if (id === 1) {
