@@ -113,8 +113,7 @@ void measureLibrary(Measure::Report& report, Console& console, int tracks, int r
              waitForEmpty(console, "#track_rows");
              return until(console,
                           QStringLiteral("wrapper_AdminPlayback_selectPlaylist(%1)").arg(folderId),
-                          isWhole("#track_rows", ".library_row", tracks),
-                          stall);
+                          isWhole("#track_rows", ".library_row", tracks), stall);
          }}};
     compare(report, QStringLiteral("A folder of the library, %1 tracks").arg(tracks), ways,
             repetitions, tracks, stall);
@@ -129,7 +128,8 @@ void measureDisk(Measure::Report& report, Console& console, int files, int repet
     }
     console.value("selectPlaylist(3); modalAdminAddItemShow();"
                   "$('#addPlaylistChoice input').eq(1).prop('checked', true).trigger('change')");
-    if (!console.waitFor("$('#modalAddItem').hasClass('in') && $('#modalAddItem .folder_browser').is(':visible')")) {
+    if (!console.waitFor("$('#modalAddItem').hasClass('in') && $('#modalAddItem "
+                         ".folder_browser').is(':visible')")) {
         fail("no dialog");
     }
     double stall = 0;
@@ -138,11 +138,10 @@ void measureDisk(Measure::Report& report, Console& console, int files, int repet
         {"the folder of this computer", [&] {
              console.value("wrapperInput_filesystem_clearDriveItems()");
              waitForEmpty(console, "#dirContent");
-             return until(console,
-                          QStringLiteral("wrapper_AdminPlayback_loadPath('%1', '/', 'track')")
-                              .arg(folder),
-                          isWhole("#dirContent", ".tick_row", files),
-                          stall);
+             return until(
+                 console,
+                 QStringLiteral("wrapper_AdminPlayback_loadPath('%1', '/', 'track')").arg(folder),
+                 isWhole("#dirContent", ".tick_row", files), stall);
          }}};
     compare(report, QStringLiteral("A folder of this computer, %1 files").arg(files), ways,
             repetitions, files, stall);

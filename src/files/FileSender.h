@@ -18,8 +18,7 @@ class FileSender : public QObject
 public:
     /// `size` in bytes is what has been announced: no more is sent, also of a file that grows.
     FileSender(const QString& filePath, qint64 announcedSize, const QString& server,
-               quint16 serverPort,
-               std::chrono::milliseconds patience = std::chrono::seconds(30));
+               quint16 serverPort, std::chrono::milliseconds patience = std::chrono::seconds(30));
 
 public Q_SLOTS:
     void start();

@@ -33,8 +33,8 @@ Remembered remembered(const QString& type)
 
 void appendFolders(QVector<FolderBrowser::Entry>& entries, const QDir& folder)
 {
-    const QFileInfoList found = folder.entryInfoList(
-        {"*"}, QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
+    const QFileInfoList found =
+        folder.entryInfoList({"*"}, QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
     for (int index = 0; index < found.size() && index <= lastFolderIndex; ++index) {
         const QFileInfo& info = found.at(index);
         if (!info.isHidden() && info.permissions() != 0) {
@@ -44,8 +44,8 @@ void appendFolders(QVector<FolderBrowser::Entry>& entries, const QDir& folder)
     }
 }
 
-/// The name always ends in small letters, whatever the disk has. A folder of such a name stands here
-/// too.
+/// The name always ends in small letters, whatever the disk has. A folder of such a name stands
+/// here too.
 void appendFiles(QVector<FolderBrowser::Entry>& entries, const QDir& folder)
 {
     const QFileInfoList found = folder.entryInfoList(

@@ -146,7 +146,8 @@ void TransferTest::folder()
     browser.loadPath(path, "/", "track");
     QTRY_VERIFY(page.calls().join("").contains("2048,0"));
     const QString shown = page.calls().join('\n');
-    for (const char* row : {"\"below\"", "\"itself\"", "\"..\"", "2048,0", "two\\nlines\\\\.mp3\"", "\"line\\nand 'quote'\""}) {
+    for (const char* row : {"\"below\"", "\"itself\"", "\"..\"", "2048,0", "two\\nlines\\\\.mp3\"",
+                            "\"line\\nand 'quote'\""}) {
         QVERIFY2(shown.contains(row), qPrintable(shown));
     }
     for (const char* row : {"hidden", "text.txt", "broken", "\"/etc\""}) {

@@ -1,5 +1,5 @@
-#include "app/Data.h"
 #include "files/Upload.h"
+#include "app/Data.h"
 #include "network/TcpClient.h"
 #include "support/SessionFixture.h"
 #include "support/TestServer.h"
@@ -56,10 +56,10 @@ void UploadTest::init()
     });
     QVERIFY(connect());
     server->answerAll();
-    server->answer("playback/addTrack", {{"response", "success"}, {"port", dataPort->serverPort()}});
+    server->answer("playback/addTrack",
+                   {{"response", "success"}, {"port", dataPort->serverPort()}});
     server->answer("playback/addPlaylist", {{"response", "success"}, {"newId", 50}});
-    server->answer("playback/endTrack",
-                   {{"response", "success"}, {"newId", 60}, {"duration", 3}});
+    server->answer("playback/endTrack", {{"response", "success"}, {"newId", 60}, {"duration", 3}});
 }
 
 bool UploadTest::connect()
@@ -110,18 +110,26 @@ void UploadTest::many()
 void UploadTest::refusals_data()
 {
     QTest::addColumn<QString>("request");
-    QTest::addColumn<QString>("word"); // empty: the data port refuses
+    QTest::addColumn<QString>("word");  // empty: the data port refuses
     QTest::addColumn<int>("announced"); // files, of three behind an own folder
     QTest::addColumn<int>("red");
     QTest::addColumn<QString>("dialog");
-    QTest::newRow("busy") << "addTrack" << "busy" << 1 << 0 << "modalAdminPortBusy();";
-    QTest::newRow("no right to announce") << "addTrack" << "forbidden" << 1 << 1 << "";
-    QTest::newRow("no right to close") << "endTrack" << "forbidden" << 1 << 1 << "";
-    QTest::newRow("no right to a folder") << "addPlaylist" << "forbidden" << 0 << 1 << "";
-    QTest::newRow("unlisted word, file") << "addTrack" << "tired" << 3 << 3 << "";
-    QTest::newRow("unlisted word, end") << "endTrack" << "tired" << 3 << 3 << "";
-    QTest::newRow("unlisted word, folder") << "addPlaylist" << "busy" << 3 << 1 << "";
-    QTest::newRow("refused port") << "endTrack" << "empty" << 3 << 3 << "";
+    QTest::newRow("busy") << "addTrack"
+                          << "busy" << 1 << 0 << "modalAdminPortBusy();";
+    QTest::newRow("no right to announce") << "addTrack"
+                                          << "forbidden" << 1 << 1 << "";
+    QTest::newRow("no right to close") << "endTrack"
+                                       << "forbidden" << 1 << 1 << "";
+    QTest::newRow("no right to a folder") << "addPlaylist"
+                                          << "forbidden" << 0 << 1 << "";
+    QTest::newRow("unlisted word, file") << "addTrack"
+                                         << "tired" << 3 << 3 << "";
+    QTest::newRow("unlisted word, end") << "endTrack"
+                                        << "tired" << 3 << 3 << "";
+    QTest::newRow("unlisted word, folder") << "addPlaylist"
+                                           << "busy" << 3 << 1 << "";
+    QTest::newRow("refused port") << "endTrack"
+                                  << "empty" << 3 << 3 << "";
 }
 
 void UploadTest::refusals()
@@ -149,7 +157,8 @@ void UploadTest::refusals()
     server->answer("playback/" + request, {{"response", "success"}, {"port", 1}, {"newId", 61}});
     upload->uploadList(3, paths.mid(0, 1));
     QVERIFY(waitForEnd());
-    QCOMPARE(session->page.calls().first(), QString("wrapperInput_playback_currentAddedTrack(0,1);"));
+    QCOMPARE(session->page.calls().first(),
+             QString("wrapperInput_playback_currentAddedTrack(0,1);"));
 }
 
 void UploadTest::folderCalledOff()
