@@ -3,6 +3,7 @@
 #include "log/Log.h"
 #include "page/ScriptCall.h"
 
+#include <QElapsedTimer>
 #include <QScopedValueRollback>
 #include <QWebFrame>
 
@@ -126,19 +127,23 @@ void ScriptPipe::endReplays()
 
 void ScriptPipe::showPortion(const std::string& list, const std::shared_ptr<Replay>& replay)
 {
-    const auto current = replays.find(list);
-    if (current == replays.end() || current->second != replay) {
-        return;
-    }
-    {
-        const Gathering portion(*this);
-        for (int shown = 0; shown < replayPortion && !replay->waiting.isEmpty(); ++shown) {
-            replay->show(replay->waiting.takeLast());
+    const auto isCurrent = [&] {
+        const auto current = replays.find(list);
+        return current != replays.end() && current->second == replay;
+    };
+    QElapsedTimer turn;
+    turn.start();
+    while (isCurrent() && !turn.hasExpired(replayMilliseconds)) {
+        {
+            const Gathering portion(*this);
+            for (int shown = 0; shown < replayPortion && !replay->waiting.isEmpty(); ++shown) {
+                replay->show(replay->waiting.takeLast());
+            }
         }
-    }
-    flush();
-    if (replay->waiting.isEmpty()) {
-        return;
+        flush();
+        if (replay->waiting.isEmpty()) {
+            return;
+        }
     }
     // A posted event would come before what the operator does.
     QTimer::singleShot(0, this, [this, list, replay] { showPortion(list, replay); });

@@ -33,6 +33,8 @@ public:
     /// Entries of a replay that are shown at once. Measured with tiles, which cost most: some
     /// 0.6 ms each, so a click waits 25 ms.
     static constexpr int replayPortion = 40;
+    /// A turn takes portions for so long: rows that have no element yet cost a few microseconds.
+    static constexpr int replayMilliseconds = 8;
 
     using Show = std::function<void(int id)>;
 

@@ -5,7 +5,23 @@
 #include "page/PageFixture.h"
 #include "page/ScriptCall.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
+
+namespace
+{
+
+/// Takes as long as a tile.
+void dawdle()
+{
+    constexpr qint64 nanoseconds = 400000;
+    QElapsedTimer spent;
+    spent.start();
+    while (spent.nsecsElapsed() < nanoseconds) {
+    }
+}
+
+} // namespace
 
 /// The road of the calls into the page: what goes together, in which order, and what a page that
 /// asks back sees.
@@ -23,6 +39,7 @@ private Q_SLOTS:
     void burstGoesInPortionsAndInOrder();
     void answerComesBehindTheBatchThatAsked();
     void pagesThatAskOnAndOnAreServed();
+    void cheapReplayIsThereAtOnce();
     void replayShowsAPortionAtOnce();
     void replayEndsWithAnotherOrItsSession();
     void positionsOfOneTickGoTogether();
@@ -131,14 +148,27 @@ void ScriptPipeTest::pagesThatAskOnAndOnAreServed()
                ".every(function (call, index) { return call === index; })"));
 }
 
+/// Entries that don't cost as much as tiles would come many portions at once.
+void ScriptPipeTest::cheapReplayIsThereAtOnce()
+{
+    int shown = 0;
+    const QVector<int> ids(10 * ScriptPipe::replayPortion, 1);
+    scripts().replay("list", ids, [&shown](int) { ++shown; });
+    QVERIFY(shown > 2 * ScriptPipe::replayPortion);
+}
+
 void ScriptPipeTest::replayShowsAPortionAtOnce()
 {
     QVector<int> ids;
     for (int id = 0; id < 2 * ScriptPipe::replayPortion + 1; ++id) {
         ids.append(id);
     }
-    scripts().replay("one", ids, [](int id) { Page::call("note", id); });
-    scripts().replay("two", {1000}, [](int id) { Page::call("note", id); });
+    const auto note = [](int id) {
+        dawdle();
+        Page::call("note", id);
+    };
+    scripts().replay("one", ids, note);
+    scripts().replay("two", {1000}, note);
     QCOMPARE(text("seen.length"), QString::number(ScriptPipe::replayPortion + 1));
     QVERIFY(console().waitFor(QStringLiteral("seen.length === %1").arg(ids.size() + 1)));
     QCOMPARE(text("seen[seen.length - 1]"), QString::number(ids.last()));
@@ -149,7 +179,10 @@ void ScriptPipeTest::replayEndsWithAnotherOrItsSession()
 {
     const QVector<int> ids(3 * ScriptPipe::replayPortion, 1);
     int shown = 0;
-    const auto count = [&shown](int) { ++shown; };
+    const auto count = [&shown](int) {
+        dawdle();
+        ++shown;
+    };
     // What the event loop does next is behind the turns that the ended replays would have taken.
     const auto turn = [] {
         QEventLoop loop;
