@@ -113,6 +113,7 @@ Program::~Program()
     serverLogHooks() = {};
     memoryImageHooks() = {};
     Page::setSink({});
+    Page::setBatchHook({});
     Data::clearSession();
     Data::webView = nullptr;
     Data::audioManager = nullptr;
@@ -123,6 +124,7 @@ void Program::joinView()
 {
     const auto gather = [this](bool begins) { scriptPipe.gather(begins); };
     Page::setSink([this](const Page::Call& call) { scriptPipe.add(call); });
+    Page::setBatchHook(gather);
     Data::tcpClient.setReadHook(gather);
     playbackUpdater.setUpdateHook(gather);
     Data::tcpClient.setSessionEndHook([this] { endSession(); });

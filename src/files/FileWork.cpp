@@ -44,7 +44,7 @@ QByteArray FileWork::readEncoded(const QString& path)
     }
     QByteArray encoded("");
     encoded.reserve(static_cast<int>((file.size() + 2) / 3 * 4));
-    while (encoded.size() / 4 * 3 < longestFile) {
+    while (qint64(encoded.size()) / 4 * 3 < longestFile) {
         const QByteArray piece = file.read(pieceOfThrees);
         if (piece.isEmpty()) {
             break;

@@ -15,6 +15,12 @@ Sink& currentSink()
     return sink;
 }
 
+std::function<void(bool)>& currentBatchHook()
+{
+    static std::function<void(bool)> hook;
+    return hook;
+}
+
 QString unicodeEscape(QChar character)
 {
     return QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0'));
@@ -25,6 +31,25 @@ QString unicodeEscape(QChar character)
 void setSink(Sink sink)
 {
     currentSink() = std::move(sink);
+}
+
+void setBatchHook(std::function<void(bool)> hook)
+{
+    currentBatchHook() = std::move(hook);
+}
+
+Batch::Batch()
+{
+    if (currentBatchHook()) {
+        currentBatchHook()(true);
+    }
+}
+
+Batch::~Batch()
+{
+    if (currentBatchHook()) {
+        currentBatchHook()(false);
+    }
 }
 
 QString Call::script() const

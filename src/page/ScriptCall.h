@@ -28,6 +28,19 @@ using Sink = std::function<void(const Call&)>;
 /// Installs the receiver of all later calls; an empty one drops them.
 void setSink(Sink sink);
 
+/// Installs what is told of the begin (true) and end of calls that go to the page together.
+void setBatchHook(std::function<void(bool)> hook);
+
+/// The calls made while one lives go to the page together, for less than each would cost alone.
+class Batch
+{
+public:
+    Batch();
+    ~Batch();
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+};
+
 /// Hands one call to the sink.
 void run(const Call& call);
 
