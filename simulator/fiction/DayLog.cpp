@@ -85,11 +85,13 @@ QString dayLog(const Installation& installation, const QString& day)
     QRandomGenerator chance(qHash(day, 1));
     const bool isToday = day == logDays().constLast();
     const int length = isToday ? installation.server.logMegabytes * bytesAMegabyte : 0;
+    const int seconds =
+        isToday ? std::max(1, QTime(0, 0).secsTo(QTime::currentTime())) : secondsADay;
     QString text = stamp(day, 0) + "INFO server " + installation.server.version + '\n';
     text.reserve(length);
     const qint64 lines = std::max(leastLines, length / charactersALine);
     for (qint64 line = 1; line < lines || text.size() < length; ++line) {
-        text += stamp(day, int(std::min<qint64>(line * secondsADay / lines, secondsADay - 1)));
+        text += stamp(day, int(std::min<qint64>(line * seconds / lines, seconds - 1)));
         text += chance.bounded(linesPerError) == 0
                     ? error(anyOf(installation.allUnits(), chance), chance)
                     : event(installation, chance);

@@ -117,11 +117,16 @@
         editable: false,
         windowResizeDelay: 300,
         aspectRatio: 1,
-        views: {day: {titleFormat: "LL"}}, // the month in the case that a date takes
         contentHeight: () => $("#main_calendar").parent().height() - 50,
         defaultDate: moment(),
         events: eventsBetween,
         viewRender: showZone,
+        eventAfterAllRender: function (view) {
+            if (view.name === "basicDay") {
+                // The library formats piece by piece, without the case that a month takes in a date.
+                $("#main_calendar .fc-center h2").text(moment(view.intervalStart.format("YYYY-MM-DD")).format("LL"));
+            }
+        },
         eventRender: function (event, element) {
             element[0].title = event.hint;
         },
