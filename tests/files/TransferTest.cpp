@@ -118,7 +118,7 @@ void TransferTest::deafServer()
     QSignalSpy patientEnds(&patient, &FileSender::finished);
     sender.start();
     patient.start();
-    QTRY_COMPARE(ends.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(ends.size(), 1, 20000);
     QCOMPARE(ends.first().first().toString(), QString("the server takes no bytes"));
     QVERIFY(patientEnds.isEmpty());
     patient.abort();

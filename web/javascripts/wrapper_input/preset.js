@@ -15,7 +15,11 @@
     function unitsOf(id, place) {
         const names = ["playing", "task"];
         const paint = paintersOf(names, true);
-        Object.keys(paint).forEach((field) => (paint[field] = paint[field].concat(paintClasses)));
+        // Behind whatever has painted: painting writes the classes of a part anew.
+        Object.keys(paint).forEach(function (field) {
+            const painters = paint[field];
+            paint[field] = [(parts, item) => painters.concat(paintClasses).forEach((painter) => painter(parts, item))];
+        });
         return itemList({
             list: place,
             scroller: place,
