@@ -25,6 +25,13 @@
         emptied: () => (form.id = null),
     });
 
+    // What follows the edit for the stop event: another save before its answer would make two of them.
+    function stopRequest() {
+        const had = (raw.endTime || "") !== "";
+        const wants = when.text("stop") !== "";
+        return had && wants ? ["task/edit"] : had ? ["task/delete"] : wants ? ["task/add"] : [];
+    }
+
     const form = formPage({
         fields: {
             title: "#task_title",
@@ -44,7 +51,7 @@
             end: () => when.endError(),
             count: () => play.countError(),
         },
-        request: "task/edit",
+        request: () => ["task/edit"].concat(stopRequest()),
         save: () => saveTask(),
     });
 
